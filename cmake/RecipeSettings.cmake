@@ -1,0 +1,31 @@
+# What all targets share: warnings, sanitizers, the two language levels.
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+if(RECIPE_SANITIZE)
+    list(JOIN RECIPE_SANITIZE "," sanitizers)
+    add_compile_options(-fsanitize=${sanitizers} -fno-omit-frame-pointer -g)
+    add_link_options(-fsanitize=${sanitizers})
+    if("undefined" IN_LIST RECIPE_SANITIZE)
+        # The plug-in refers to the runtime's type information only through its headers; -fsanitize=vptr would need
+        # it inside the library.
+        add_compile_options(-fno-sanitize-recover=undefined -fno-sanitize=vptr)
+    endif()
+endif()
+
+# Qt's own headers are system headers and warn nobody.
+function(recipe_target target standard)
+    set_target_properties(${target} PROPERTIES CXX_STANDARD ${standard})
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+        $<$<BOOL:${RECIPE_WERROR}>:-Werror>)
+    target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+endfunction()

@@ -1,0 +1,281 @@
+// The SQLite access layer.
+#include "SqliteInter.h"
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <cstdio>
+
+// What assert() calls. Declared here because <cassert> hides it in builds with NDEBUG.
+extern "C" void __assert_fail(const char* condition, const char* file, unsigned int line, const char* function) noexcept
+    __attribute__((noreturn));
+
+namespace {
+
+/// The place that a failed precondition names. The numbers are fixed: support staff look reports up by them.
+struct Place
+{
+    unsigned int line;
+    const char* function;
+};
+
+const char CONNECTED_AND_SQL[] = "__null != m_pSqlite && __null != sql";
+const char CONNECTED[] = "__null != m_pSqlite";
+const char SOURCE_FILE[] = "../../../extend_model/recipe_extend/SqliteInter.cpp";
+
+const Place IN_EXEC_SQL = {118, "virtual int CSqliteInter::execSQL(const char*)"};
+const Place IN_QUERY_SQL = {138, "virtual int CSqliteInter::querySQL(const char*)"};
+const Place IN_EXEC_BEGIN = {159, "virtual int CSqliteInter::execBegin()"};
+const Place IN_EXEC_COMMIT = {179, "virtual int CSqliteInter::execCommit()"};
+
+/// Like assert(), but in every build type and with fixed texts.
+void require(bool holds, const char* condition, const Place& place)
+{
+    if (!holds)
+        __assert_fail(condition, SOURCE_FILE, place.line, place.function);
+}
+
+/// Formats "...%s..." with a table name. False: it does not fit, and nothing may be run.
+template <std::size_t N>
+bool formatStatement(char (&buffer)[N], const char* pattern, const char* first, const char* second = "")
+{
+    const int length = std::snprintf(buffer, N, pattern, first, second);
+    return length >= 0 && static_cast<std::size_t>(length) < N;
+}
+
+const char* columnText(sqlite3_stmt* statement, int col)
+{
+    const unsigned char* text = sqlite3_column_text(statement, col);
+    return text ? reinterpret_cast<const char*>(text) : "";
+}
+
+} // namespace
+
+CSqliteInter::CSqliteInter() : m_pSqlite(nullptr), m_pStmt(nullptr) {}
+
+CSqliteInter::~CSqliteInter()
+{
+    CSqliteInter::disconnect();
+}
+
+int CSqliteInter::connect(const char* filename)
+{
+    if (m_pSqlite)
+        return 1;
+    if (sqlite3_open(filename, &m_pSqlite) == SQLITE_OK)
+        return 1;
+    m_pSqlite = nullptr; // a handle that comes with a failure is dropped, not closed; wanted
+    return 0;
+}
+
+void CSqliteInter::disconnect()
+{
+    if (m_pSqlite && sqlite3_close(m_pSqlite) == SQLITE_OK)
+        m_pSqlite = nullptr;
+}
+
+void CSqliteInter::reset()
+{
+    queryFilish();
+}
+
+int CSqliteInter::ping()
+{
+    return m_pSqlite != nullptr;
+}
+
+int CSqliteInter::vacuum()
+{
+    return execSQL("VACUUM");
+}
+
+int CSqliteInter::deleteTable(const char* table)
+{
+    char sql[64] = {0};
+    if (!formatStatement(sql, "DROP TABLE IF EXISTS %s;", table))
+        return 2;
+    return execSQL(sql);
+}
+
+int CSqliteInter::truncateTable(const char* table)
+{
+    char sql[64] = {0};
+    if (!formatStatement(sql, "DELETE FROM %s;", table))
+        return 2;
+    return execSQL(sql);
+}
+
+int CSqliteInter::existTable(const char* table)
+{
+    Q_UNUSED(table)
+    return 0;
+}
+
+int CSqliteInter::maxId(const char* table, const char* field)
+{
+    char sql[256] = {0};
+    if (!formatStatement(sql, "select max(%s) from %s", field, table))
+        return 2;
+    const int code = querySQL(sql);
+    if (code != 0)
+        return code;
+    long result = 0;
+    if (queryStep())
+        getFieldLong(0, result);
+    queryFilish();
+    return static_cast<int>(result);
+}
+
+int CSqliteInter::execSQL(const char* sql)
+{
+    require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_EXEC_SQL);
+    queryFilish();
+    if (sqlite3_exec(m_pSqlite, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
+        return 0;
+    std::printf("CSqliteInter::execSQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, sqlite3_errmsg(m_pSqlite));
+    return 2;
+}
+
+int CSqliteInter::querySQL(const char* sql)
+{
+    require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_QUERY_SQL);
+    queryFilish();
+    const char* rest = "";
+    if (sqlite3_prepare_v2(m_pSqlite, sql, -1, &m_pStmt, &rest) == SQLITE_OK)
+        return 0;
+    // The unparsed rest and not SQLite's message: wanted, it shows where a composed statement went wrong.
+    std::printf("CSqliteInter::querySQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, rest ? rest : "");
+    return 2;
+}
+
+int CSqliteInter::execBegin()
+{
+    require(m_pSqlite, CONNECTED, IN_EXEC_BEGIN);
+    queryFilish();
+    if (sqlite3_exec(m_pSqlite, "begin;", nullptr, nullptr, nullptr) == SQLITE_OK)
+        return 0;
+    // Names execSQL: the wording is kept.
+    std::printf("CSqliteInter::execSQL() ERROR\n err=[%s]\n", sqlite3_errmsg(m_pSqlite));
+    return 1;
+}
+
+int CSqliteInter::execCommit()
+{
+    require(m_pSqlite, CONNECTED, IN_EXEC_COMMIT);
+    queryFilish();
+    if (sqlite3_exec(m_pSqlite, "commit;", nullptr, nullptr, nullptr) == SQLITE_OK)
+        return 0;
+    std::printf("CSqliteInter::execCommit() ERROR\n err=[%s]\n", sqlite3_errmsg(m_pSqlite));
+    return 1;
+}
+
+int CSqliteInter::execRollBack()
+{
+    if (!m_pStmt)
+        return 1;
+    queryFilish();
+    return sqlite3_exec(m_pSqlite, "ROLLBACK;", nullptr, nullptr, nullptr) == SQLITE_OK ? 0 : 1;
+}
+
+bool CSqliteInter::inTransaction() const
+{
+    return m_pSqlite && sqlite3_get_autocommit(m_pSqlite) == 0;
+}
+
+int CSqliteInter::queryStep()
+{
+    return m_pStmt && sqlite3_step(m_pStmt) == SQLITE_ROW;
+}
+
+int CSqliteInter::getFieldUChar(int col, unsigned char& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = static_cast<unsigned char>(sqlite3_column_int(m_pStmt, col));
+    return 1;
+}
+
+int CSqliteInter::getFieldShort(int col, short& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = static_cast<short>(sqlite3_column_int(m_pStmt, col));
+    return 1;
+}
+
+int CSqliteInter::getFieldUShort(int col, unsigned short& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = static_cast<unsigned short>(sqlite3_column_int(m_pStmt, col));
+    return 1;
+}
+
+int CSqliteInter::getFieldInt(int col, int& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = sqlite3_column_int(m_pStmt, col);
+    return 1;
+}
+
+int CSqliteInter::getFieldUInt(int col, unsigned int& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = static_cast<unsigned int>(sqlite3_column_int(m_pStmt, col));
+    return 1;
+}
+
+int CSqliteInter::getFieldLong(int col, long& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = static_cast<std::int32_t>(sqlite3_column_int64(m_pStmt, col));
+    return 1;
+}
+
+int CSqliteInter::getFieldULong(int col, unsigned long& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = static_cast<std::uint32_t>(sqlite3_column_int64(m_pStmt, col));
+    return 1;
+}
+
+int CSqliteInter::getFieldDouble(int col, double& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = sqlite3_column_double(m_pStmt, col);
+    return 1;
+}
+
+int CSqliteInter::getFieldStr(int col, std::string& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = columnText(m_pStmt, col);
+    return 1;
+}
+
+int CSqliteInter::getFieldQStr(int col, QString& out)
+{
+    if (!m_pStmt)
+        return 0;
+    out = QString::fromUtf8(columnText(m_pStmt, col));
+    return 1;
+}
+
+void CSqliteInter::queryFilish()
+{
+    if (!m_pStmt)
+        return;
+    sqlite3_finalize(m_pStmt);
+    m_pStmt = nullptr;
+}
+
+int CSqliteInter::queryColumnCount()
+{
+    return m_pStmt ? sqlite3_column_count(m_pStmt) : 0;
+}
