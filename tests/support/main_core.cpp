@@ -1,4 +1,5 @@
 #include "fatal_messages.h"
+#include "sqlite_errors.h"
 
 #include <QCoreApplication>
 
@@ -9,5 +10,6 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     QCoreApplication application(argc, argv);
     installFatalMessages();
+    installSqliteErrorWatch();
     return RUN_ALL_TESTS();
 }

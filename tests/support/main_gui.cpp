@@ -1,4 +1,5 @@
 #include "fatal_messages.h"
+#include "sqlite_errors.h"
 
 #include <QApplication>
 
@@ -11,5 +12,6 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     installFatalMessages();
+    installSqliteErrorWatch();
     return RUN_ALL_TESTS();
 }
