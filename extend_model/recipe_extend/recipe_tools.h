@@ -1,5 +1,5 @@
-// Exported free functions: where the recipe file lives, its backup, where exports go. The runtime and other plug-ins
-// call them too. GUI thread, except where a function says otherwise; nothing is reported, nothing throws.
+// Exported free functions: where the recipe file lives, its backup, where exports go, and the range loader. The runtime
+// and other plug-ins call them too. Any thread; nothing is reported beyond the results, nothing throws.
 #ifndef RECIPE_TOOLS_H
 #define RECIPE_TOOLS_H
 
@@ -7,7 +7,9 @@
 
 #include <QString>
 
+class InterfaceComm;
 class object;
+struct recipeTableInfo_t;
 
 /// The full path of the recipe file: one per project, every group lives in it. The argument is ignored; null is fine.
 RECIPE_EXPORT QString getRcpFilePath(object* item);
@@ -20,5 +22,15 @@ RECIPE_EXPORT QString getRecipeAutoExportPath();
 RECIPE_EXPORT void backupRcpFile(object* item);
 
 RECIPE_EXPORT bool rcpFileIsExists(object* item);
+
+/// Loads the recipes [start, start + count) of a group for transfer to the controller: configuration, all items, titles
+/// and cell texts formatted for display. Every item gets its place in one recipe's register image (`wordOffset`,
+/// `wordCount`, in 16-bit words) and the link number that `comm` knows for its device.
+/// `columnName` has an entry for each recipe of the range that exists, `values` what the range holds in the file.
+/// 1: loaded. 0: `comm` is null, `count` is below 1, or the configuration or the items cannot be read; `info` is
+/// cleared then. Titles or values that cannot be read are not noticed. Each step locks the database by itself: a writer
+/// on another thread may come between.
+RECIPE_EXPORT int loadRecipe2Struct_start_end(int group, int start, int count, recipeTableInfo_t& info,
+                                              InterfaceComm* comm);
 
 #endif
