@@ -72,6 +72,12 @@ object* Runtime::adopt(object* created)
     return created;
 }
 
+object* Runtime::release(object* adopted)
+{
+    m_adopted.removeAll(adopted);
+    return adopted;
+}
+
 void Runtime::setLanguage(int language)
 {
     m_language = language;

@@ -43,6 +43,8 @@ public:
     const hmi_application_t* application() const { return &m_application; }
     /// Owns an object that is not part of a project.
     object* adopt(object* created);
+    /// Hands an adopted object over to the caller, who owns it from here on, e.g. to put it into a project.
+    object* release(object* adopted);
 
     /// The language of items, from 1. Items that exist hear of it with `applyLanguage`.
     int language() const { return m_language; }

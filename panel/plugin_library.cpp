@@ -1,0 +1,94 @@
+// Loading plug-ins.
+#include "plugin_library.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+
+#include <memory>
+
+namespace {
+
+constexpr char GET_ITEM_NAME[] = "getItemName";
+constexpr char CREATE_ITEM[] = "createItem";
+constexpr char CREATE_OBJECT[] = "_Z18item_object_create7QStringS_"; // item_object_create(QString, QString)
+constexpr char DESCRIBE_ITEM[] = "describeItem";
+
+QString text(const char* latin)
+{
+    return QString::fromLatin1(latin);
+}
+
+template <typename Function> Function find(void* handle, const char* name)
+{
+    return reinterpret_cast<Function>(dlsym(handle, name));
+}
+
+/// dlerror() begins with the file's name where it has one.
+QString lastError(const QString& fileName)
+{
+    QString reason = QString::fromLocal8Bit(dlerror());
+    if (reason.startsWith(fileName + text(": ")))
+        reason.remove(0, fileName.size() + 2);
+    return reason;
+}
+
+} // namespace
+
+PluginLibrary* PluginLibrary::load(const QString& fileName, QString& problem)
+{
+    if (!QFileInfo(fileName).isFile()) {
+        problem = text("%1: there is no such library; name the file of a plug-in with --plugin.").arg(fileName);
+        return nullptr;
+    }
+    std::unique_ptr<PluginLibrary> library(new PluginLibrary);
+    library->m_fileName = fileName;
+    // dlopen looks for names without a slash in the system's folders.
+    const QString path = QFileInfo(fileName).absoluteFilePath();
+    library->m_handle = dlopen(path.toLocal8Bit().constData(), RTLD_NOW | RTLD_LOCAL);
+    if (!library->m_handle) {
+        problem = text("%1: the library cannot be loaded (%2); build the plug-in for this machine and this runtime.")
+                      .arg(fileName, lastError(path));
+        return nullptr;
+    }
+    return library->findEntryPoints(problem) ? library.release() : nullptr;
+}
+
+bool PluginLibrary::findEntryPoints(QString& problem)
+{
+    const auto getItemName = find<GetItemName>(m_handle, GET_ITEM_NAME);
+    m_createItem = find<CreateItem>(m_handle, CREATE_ITEM);
+    m_createObject = find<CreateObject>(m_handle, CREATE_OBJECT);
+    m_describeItem = find<DescribeItem>(m_handle, DESCRIBE_ITEM);
+
+    QStringList missing;
+    if (!getItemName)
+        missing.append(text("getItemName()"));
+    if (!m_createItem)
+        missing.append(text("createItem()"));
+    if (!m_createObject)
+        missing.append(text("item_object_create(QString, QString)"));
+    if (!missing.isEmpty()) {
+        problem = text("%1: the library has no entry point %2; it is not a plug-in, or not a whole one: export the "
+                       "function or name another file with --plugin.")
+                      .arg(m_fileName, missing.join(text(", ")));
+        return false;
+    }
+    m_typeName = getItemName();
+    if (!m_typeName.isEmpty())
+        return true;
+    problem = text("%1: getItemName() names no item type; let it return the name that projects give as \"type\".")
+                  .arg(m_fileName);
+    return false;
+}
+
+QString PluginLibrary::propertiesFileName() const
+{
+    return QFileInfo(m_fileName).dir().filePath(m_typeName + text(".properties.json"));
+}
+
+QByteArray PluginLibrary::describe(const HMIBaseItem* item) const
+{
+    return m_describeItem ? m_describeItem(item) : QByteArray();
+}

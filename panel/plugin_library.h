@@ -1,0 +1,48 @@
+// One plug-in library, loaded the way a panel does it: with dlopen, all symbols resolved at once, its own symbols kept
+// to itself. A library is never unloaded: its singletons live until the process ends. GUI thread only.
+#ifndef PLUGIN_LIBRARY_H
+#define PLUGIN_LIBRARY_H
+
+#include <QByteArray>
+#include <QString>
+
+class HMIBaseItem;
+class object;
+
+class PluginLibrary
+{
+public:
+    /// Null: not a plug-in, and `problem` says in one sentence which file it is, what was looked for and what helps.
+    /// A loaded library stays for the rest of the process; the caller owns only this handle.
+    static PluginLibrary* load(const QString& fileName, QString& problem);
+
+    const QString& fileName() const { return m_fileName; }
+    const QString& typeName() const { return m_typeName; }
+    /// "<type>.properties.json" beside the library, where the plug-in states which properties its items know.
+    QString propertiesFileName() const;
+
+    /// A new item that the caller owns.
+    HMIBaseItem* createItem() const { return m_createItem(); }
+    /// A property object for an item; the runtime adopts it.
+    object* createObject(const QString& objectName) const { return m_createObject(m_typeName, objectName); }
+    /// What an item shows, as JSON text (docs/panel.md). Empty where the plug-in does not tell.
+    QByteArray describe(const HMIBaseItem* item) const;
+
+private:
+    PluginLibrary() = default;
+    bool findEntryPoints(QString& problem);
+
+    using GetItemName = QString (*)();
+    using CreateItem = HMIBaseItem* (*)();
+    using CreateObject = object* (*)(QString, QString);
+    using DescribeItem = QByteArray (*)(const HMIBaseItem*);
+
+    QString m_fileName;
+    QString m_typeName;
+    void* m_handle = nullptr;
+    CreateItem m_createItem = nullptr;
+    CreateObject m_createObject = nullptr;
+    DescribeItem m_describeItem = nullptr; // optional
+};
+
+#endif
