@@ -530,10 +530,11 @@ bool readChoice(ObjectReader& keys, const char* key, const char* const* choices,
 void readDefault(ObjectReader& keys, PropertyRule& rule, Report& report)
 {
     const Json* found = keys.value(text("default"));
-    rule.fallback = found ? ruledValue(*found, rule) : QVariant();
+    PropertyRule anyNumber = rule;
     // The default need not lie in the range: a project has to state such a property.
-    if (found && rule.type == PropertyRule::NUMBER)
-        rule.fallback = freeValue(*found);
+    anyNumber.minimum = std::numeric_limits<int>::min();
+    anyNumber.maximum = std::numeric_limits<int>::max();
+    rule.fallback = found ? ruledValue(*found, anyNumber) : QVariant();
     if (!rule.fallback.isValid())
         report.add(keys.at(text("default")), found ? text("found %1").arg(shown(*found)) : text("the key is missing"),
                    text("a value of the property's type"));
