@@ -124,7 +124,8 @@ int main(int argc, char** argv)
     if (!options.screenshot.empty())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
-    QApplication application(argc, argv);
+    int own = 1; // the rest is ours; Qt has an option "plugin" too
+    QApplication application(own, argv);
     pinLooks();
     return run(options);
 }
