@@ -23,16 +23,23 @@ public:
     QString address;
 };
 
+/// What the runtime itself deals with; other events posted to it go nowhere.
+bool isRequest(const QEvent* event)
+{
+    const int type = static_cast<int>(event->type());
+    return type == UHmiEvent::MessageBox || type == UHmiEvent::ExternalFuncCall;
+}
+
 } // namespace
 
 /// Shared with the threads that post.
 struct Runtime::Pending
 {
-    Pending() : events(0) {}
+    Pending() : requests(0) {}
 
     QMutex mutex;
     QSet<QString> addresses; // notifications on their way
-    int events;              // posted to the runtime and not yet dealt with
+    int requests;            // posted to the runtime and not yet dealt with
 };
 
 Runtime& Runtime::instance()
@@ -44,6 +51,8 @@ Runtime& Runtime::instance()
 Runtime::Runtime() : m_language(1), m_listener(nullptr), m_pending(new Pending)
 {
     m_application.project = nullptr;
+    if (QCoreApplication::instance()) // whichever thread comes first, the events are the GUI thread's
+        moveToThread(QCoreApplication::instance()->thread());
 }
 
 Runtime::~Runtime()
@@ -127,7 +136,7 @@ void Runtime::notify(const QString& address)
 bool Runtime::isIdle() const
 {
     QMutexLocker lock(&m_pending->mutex);
-    return m_pending->addresses.isEmpty() && m_pending->events == 0;
+    return m_pending->addresses.isEmpty() && m_pending->requests == 0;
 }
 
 void Runtime::deliver(const QString& address)
@@ -151,12 +160,12 @@ bool Runtime::event(QEvent* event)
         deliver(address);
         return true;
     }
-    if (type != UHmiEvent::MessageBox && type != UHmiEvent::ExternalFuncCall)
+    if (!isRequest(event))
         return QObject::event(event);
 
     {
         QMutexLocker lock(&m_pending->mutex);
-        --m_pending->events;
+        --m_pending->requests;
     }
     if (m_listener && type == UHmiEvent::MessageBox) {
         const UMessageBoxEvent* message = static_cast<UMessageBoxEvent*>(event);
@@ -175,9 +184,9 @@ void UHmiEvent::hmiEventPost(QEvent* event, QObject* receiver)
         return;
     }
     Runtime& runtime = Runtime::instance();
-    if (!receiver) {
+    if (!receiver && isRequest(event)) {
         QMutexLocker lock(&runtime.m_pending->mutex);
-        ++runtime.m_pending->events;
+        ++runtime.m_pending->requests;
     }
     QCoreApplication::postEvent(receiver ? receiver : &runtime, event);
 }

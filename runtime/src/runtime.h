@@ -46,7 +46,7 @@ public:
     /// Hands an adopted object over to the caller, who owns it from here on, e.g. to put it into a project.
     object* release(object* adopted);
 
-    /// The language of items, from 1. Items that exist hear of it with `applyLanguage`.
+    /// The language of items, from 1. An item takes it at its construction; those that exist keep theirs.
     int language() const { return m_language; }
     void setLanguage(int language);
 

@@ -1,12 +1,11 @@
 #include "sheet_fixture.h"
 
 #include "RecipeDB.h"
+#include "outside_sqlite.h"
 #include "recipe_tools.h"
 
 #include <QCoreApplication>
 #include <QFile>
-
-#include <sqlite3.h>
 
 #include <algorithm>
 
@@ -37,42 +36,6 @@ object* makeObject(const QString& name, const QMap<QString, QVariant>& propertie
         made->properties.insert(property.key(), property.value());
     return made;
 }
-
-/// A connection for one call.
-class Connection
-{
-public:
-    Connection()
-    {
-        if (sqlite3_open(getRcpFilePath(nullptr).toUtf8().constData(), &m_db) != SQLITE_OK)
-            ADD_FAILURE() << "cannot open the recipe file: " << sqlite3_errmsg(m_db);
-    }
-    ~Connection() { sqlite3_close(m_db); }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-
-    QStringList run(const QString& sql)
-    {
-        QStringList rows;
-        char* error = nullptr;
-        if (sqlite3_exec(m_db, sql.toUtf8().constData(), &Connection::addRow, &rows, &error) != SQLITE_OK)
-            ADD_FAILURE() << sql.toStdString() << ": " << error;
-        sqlite3_free(error);
-        return rows;
-    }
-
-private:
-    static int addRow(void* rows, int count, char** fields, char**)
-    {
-        QStringList row;
-        for (int i = 0; i < count; ++i)
-            row.append(QString::fromUtf8(fields[i] ? fields[i] : "NULL"));
-        static_cast<QStringList*>(rows)->append(row.join(QLatin1Char('|')));
-        return 0;
-    }
-
-    sqlite3* m_db = nullptr;
-};
 
 void sendMouse(RecipeSheetItems& sheet, QEvent::Type type, const QPointF& position)
 {
@@ -285,12 +248,13 @@ void SheetFixture::writeGroup(const SheetGroup& group)
 
 void SheetFixture::runSql(const QString& statements)
 {
-    Connection().run(statements);
+    OutsideSqlite(recipeFile()).exec(statements.toStdString());
 }
 
 QStringList SheetFixture::querySql(const QString& statement)
 {
-    return Connection().run(statement);
+    const QString rows = QString::fromStdString(outsideQuery(recipeFile(), statement.toStdString()));
+    return rows.isEmpty() ? QStringList() : rows.split(QLatin1Char('\n'));
 }
 
 void SheetFixture::openProject()

@@ -121,7 +121,7 @@ protected:
     void writeGroup(const SheetGroup& group);
     /// Runs statements on a connection of its own.
     static void runSql(const QString& statements);
-    /// All rows of a query on a connection of its own, fields joined with "|".
+    /// All rows of a query on a connection of its own, fields joined with "|", NULL as "<null>".
     static QStringList querySql(const QString& statement);
 
     // --- the project and its items ---------------------------------------------------------------------------
