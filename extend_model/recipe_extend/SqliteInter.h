@@ -86,6 +86,9 @@ public:
     /// what is written after that is no longer part of it.
     bool inTransaction() const;
 
+    /// Whether SQLite would take the (first) statement. Runs and prints nothing; an open query stays open.
+    bool accepts(const char* sql) const;
+
 protected:
     sqlite3* m_pSqlite;    ///< null when not connected
     sqlite3_stmt* m_pStmt; ///< null when no query is open

@@ -8,6 +8,7 @@
 #include "outside_sqlite.h"
 #include "recipe_records.h"
 
+#include <QDir>
 #include <QMap>
 #include <QString>
 
@@ -79,6 +80,16 @@ inline recipeTableInfo_t recipeGroup(int items, int recipes)
 inline QString recipeFilePath()
 {
     return QString::fromLatin1("/usr/tabrix/project/recipeN.db3");
+}
+
+/// Removes what an earlier test of the same process left there.
+inline void cleanProjectDirectory()
+{
+    QDir directory(QString::fromLatin1("/usr/tabrix/project"));
+    for (const QString& name : directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) {
+        if (!directory.remove(name))
+            QDir(directory.filePath(name)).removeRecursively();
+    }
 }
 
 /// A file with an empty configuration table, written without the product.
