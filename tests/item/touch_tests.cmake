@@ -1,0 +1,7 @@
+# Touch, editing, adding and deleting.
+recipe_test(NAME touch_scroll_axis_test SOURCES touch_scroll_axis_test.cpp LIBRARIES recipe_sheet_objects LABELS item)
+sheet_test(NAME touch_test SOURCES touch_drag_test.cpp touch_press_test.cpp touch_select_test.cpp)
+
+if("thread" IN_LIST RECIPE_SANITIZE)
+    recipe_test(NAME tsan_qt_test SOURCES ../support/tsan_qt_test.cpp LABELS support)
+endif()
