@@ -7,8 +7,9 @@
 // sequence of operations is not protected as a whole: between two of them another thread may run statements on the
 // same connection, inside the same transaction.
 //
-// Status: 0 is success; 1 means that no file is open, that a precondition does not hold or that a step failed;
-// anything else comes from CSqliteInter. Counts are -1 on failure. Nothing throws, nothing is logged here.
+// Status: 0 is success; 1 means that no file is open, that a precondition does not hold, that a step failed or that the
+// disk, a lock or damage cut a read short; anything else comes from CSqliteInter. Counts are -1 on failure. Nothing
+// throws, nothing is logged here.
 #ifndef RECIPE_DB_H
 #define RECIPE_DB_H
 
@@ -127,9 +128,8 @@ private:
 
     // These take the mutex.
     int exec(const SqlText& sql);
-    int execUnescaped(const SqlText& sql, const QString& text);
     int count(const SqlText& sql);
-    template <typename Reader> int query(const SqlText& sql, Reader reader);
+    template <typename Reader> int query(const SqlText& sql, Reader reader, bool* cutShort = nullptr);
 
     // These are called under the mutex, with a file open.
     int execLocked(const SqlText& sql);
@@ -141,7 +141,9 @@ private:
 
     int believedCount(int claimed, const SqlText& countSql);
     bool titlesHaveIndex(int group);
-    int readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<QVector<QString> >& titles);
+    bool loadTitles(int group, recipeTableInfo_t& info);
+    int readTitle(int group, DB_LANGUAGE_INDEX type, int strIndex, QVector<QString>& texts, bool* cutShort);
+    void readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<QVector<QString> >& titles, bool* cutShort);
 
     friend class RecipeDBProbe; // tests
 

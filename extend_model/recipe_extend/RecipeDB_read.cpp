@@ -29,12 +29,11 @@ const char SELECT_TITLE_RANGE[] = "SELECT L0, L1, L2, L3, L4, L5, L6, L7 FROM la
                                   "WHERE type = '%d' AND strIndex >= '%d' AND strIndex < '%d';";
 
 // Titles of many rows in one pass. The index is compared as text, exactly as "strIndex = '%d'" does for each single
-// title: the concatenation gives the canonical decimal text and, unlike the bare CAST, has no affinity of its own.
-const char SELECT_INDEXED_TITLES[] = "SELECT CAST(strIndex AS INTEGER), L0, L1, L2, L3, L4, L5, L6, L7 "
-                                     "FROM lang_%d WHERE type = '%d' AND strIndex = CAST(strIndex AS INTEGER) || '';";
-// All but a plain table: indexes on it, triggers, a view, a virtual table.
-const char COUNT_TITLE_INDEXES[] = "SELECT count(*) FROM sqlite_master WHERE tbl_name = 'lang_%d' COLLATE NOCASE "
-                                   "AND (type <> 'table' OR rootpage = 0);";
+// title: printf() gives the canonical decimal text and, unlike a CAST, no affinity of its own.
+const char SELECT_INDEXED_TITLES[] = "SELECT printf('%%d', strIndex), L0, L1, L2, L3, L4, L5, L6, L7 FROM lang_%d "
+                                     "WHERE type = '%d' AND strIndex = printf('%%d', strIndex);";
+const char COUNT_TITLE_INDEXES[] =
+    "SELECT count(*) FROM sqlite_master WHERE tbl_name = 'lang_%d' COLLATE NOCASE AND type <> 'table';";
 
 /// Counts up to here are taken as the file states them: they cost less than a page of cells.
 const int BELIEVED_COUNT = 4096;
@@ -69,7 +68,7 @@ void readItem(CSqliteInter& row, recipeItemInfo_t& item)
 }
 
 /// Eight texts from column `first` on.
-void readTitle(CSqliteInter& row, int first, QVector<QString>& texts)
+void takeTitle(CSqliteInter& row, int first, QVector<QString>& texts)
 {
     texts.resize(LANGUAGE_COUNT);
     for (int i = 0; i < LANGUAGE_COUNT; ++i)
@@ -99,16 +98,20 @@ QString displayedValue(const QString& value, int decimals)
 
 } // namespace
 
-/// Runs the query under the mutex and hands each row to `reader`, which returns whether it wants more.
-template <typename Reader> int RecipeDB::query(const SqlText& sql, Reader reader)
+/// Runs the query under the mutex and hands each row to `reader`, which returns whether it wants more. `cutShort` tells
+/// a read that the disk, a lock or damage ended from a statement that the file's tables do not allow.
+template <typename Reader> int RecipeDB::query(const SqlText& sql, Reader reader, bool* cutShort)
 {
     QMutexLocker lock(&m_lock);
-    if (!m_sqlite || m_sqlite->querySQL(sql.text()) != 0)
+    if (!m_sqlite)
         return 1;
-    while (m_sqlite->queryStep() && reader(*m_sqlite)) {
+    const bool prepared = m_sqlite->querySQL(sql.text()) == 0;
+    while (prepared && m_sqlite->queryStep() && reader(*m_sqlite)) {
     }
     m_sqlite->queryFilish();
-    return 0;
+    if (cutShort)
+        *cutShort = *cutShort || m_sqlite->readFailed();
+    return prepared && !m_sqlite->readFailed() ? 0 : 1;
 }
 
 int RecipeDB::count(const SqlText& sql)
@@ -178,10 +181,8 @@ int RecipeDB::findRecipeConfig(int group, recipeTableInfo_t& info)
     info.items.resize(believedCount(itemCount, sqlText(COUNT_ADDR, group)));
     info.columnName.resize(believedCount(recipeCount, sqlText(COUNT_DATA, group)));
     for (int c = 0; c < info.columnName.size(); ++c) {
-        if (info.columnName.at(c).isEmpty())
+        if (info.columnName.at(c).size() != LANGUAGE_COUNT)
             info.columnName[c] = emptyTitles();
-        else
-            info.columnName[c].resize(LANGUAGE_COUNT);
     }
     return result;
 }
@@ -255,7 +256,7 @@ int RecipeDB::findTable_Data_All(int group, recipeTableInfo_t& info)
     if (m_sqlite->queryStep())
         m_sqlite->getFieldInt(0, recipes);
     m_sqlite->queryFilish();
-    if (m_sqlite->querySQL(sqlText(SELECT_DATA, group).text()) != 0)
+    if (m_sqlite->readFailed() || m_sqlite->querySQL(sqlText(SELECT_DATA, group).text()) != 0)
         return 1;
 
     const int columns = m_sqlite->queryColumnCount();
@@ -270,6 +271,7 @@ int RecipeDB::findTable_Data_All(int group, recipeTableInfo_t& info)
             for (int i = 0; i < held; ++i)
                 m_sqlite->getFieldQStr(i + 1, info.items[i].values[k]);
         }
+        result = m_sqlite->readFailed() ? 1 : 0;
     }
     m_sqlite->queryFilish();
     return result;
@@ -307,12 +309,19 @@ int RecipeDB::findTable_Data_Partial(int group, int firstColumn, int columnCount
 
 int RecipeDB::findTable_Language(int group, DB_LANGUAGE_INDEX type, int strIndex, QVector<QString>& texts)
 {
+    return readTitle(group, type, strIndex, texts, nullptr);
+}
+
+int RecipeDB::readTitle(int group, DB_LANGUAGE_INDEX type, int strIndex, QVector<QString>& texts, bool* cutShort)
+{
     texts.resize(LANGUAGE_COUNT);
-    return query(sqlText(SELECT_TITLE, group, static_cast<int>(type), strIndex), [&texts](CSqliteInter& row) {
+    const SqlText sql = sqlText(SELECT_TITLE, group, static_cast<int>(type), strIndex);
+    const auto reader = [&texts](CSqliteInter& row) {
         if (row.queryColumnCount() == LANGUAGE_COUNT)
-            readTitle(row, 0, texts);
+            takeTitle(row, 0, texts);
         return true;
-    });
+    };
+    return query(sql, reader, cutShort);
 }
 
 int RecipeDB::findTable_Language_All(int group, DB_LANGUAGE_INDEX type, QVector<QVector<QString> >& out)
@@ -321,7 +330,7 @@ int RecipeDB::findTable_Language_All(int group, DB_LANGUAGE_INDEX type, QVector<
     return query(sqlText(SELECT_TITLES, group, static_cast<int>(type)), [&](CSqliteInter& row) {
         if (k >= out.size())
             return false;
-        readTitle(row, 0, out[k++]);
+        takeTitle(row, 0, out[k++]);
         return true;
     });
 }
@@ -332,7 +341,7 @@ int RecipeDB::findTable_Language_AllRow(int group, QVector<recipeItemInfo_t>& it
     return query(sqlText(SELECT_TITLES, group, static_cast<int>(DB_LANGUAGE_ROW)), [&](CSqliteInter& row) {
         if (k >= items.size())
             return false;
-        readTitle(row, 0, items[k++].rowName);
+        takeTitle(row, 0, items[k++].rowName);
         return true;
     });
 }
@@ -348,14 +357,14 @@ int RecipeDB::findTable_Language_Partial(int group, DB_LANGUAGE_INDEX type, int 
             return false;
         out[k].resize(LANGUAGE_COUNT);
         if (row.queryColumnCount() == LANGUAGE_COUNT)
-            readTitle(row, 0, out[k]);
+            takeTitle(row, 0, out[k]);
         ++k;
         return true;
     });
 }
 
-/// With an index on the table, or a view or a virtual table in its place, the order of the rows, and so which of
-/// several rows is the last, may depend on the statement.
+/// With an index on the table, or a view in its place, the order of the rows, and so which of several rows is the
+/// last, may depend on the statement.
 bool RecipeDB::titlesHaveIndex(int group)
 {
     return count(sqlText(COUNT_TITLE_INDEXES, group)) != 0;
@@ -363,27 +372,27 @@ bool RecipeDB::titlesHaveIndex(int group)
 
 /// Titles [first, first + titles.size()), each as findTable_Language leaves it. A language table has no index, so a
 /// query per title walks the whole table each time; this walks it once.
-int RecipeDB::readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<QVector<QString> >& titles)
+void RecipeDB::readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<QVector<QString> >& titles,
+                          bool* cutShort)
 {
     titles.fill(emptyTitles());
     if (titles.isEmpty())
-        return 0;
+        return;
     if (titlesHaveIndex(group)) {
-        int result = 0;
-        const int end = rangeEnd(first, static_cast<int>(titles.size()));
-        for (int index = first; index < end; ++index)
-            result |= findTable_Language(group, type, index, titles[index - first]);
-        return result;
+        for (int k = 0; k < titles.size(); ++k)
+            readTitle(group, type, first + k, titles[k], cutShort);
+        return;
     }
-    return query(sqlText(SELECT_INDEXED_TITLES, group, static_cast<int>(type)), [&](CSqliteInter& row) {
+    const auto reader = [&](CSqliteInter& row) {
         QString indexText;
         row.getFieldQStr(0, indexText);
         bool isInt = false;
         const qint64 k = qint64(indexText.toInt(&isInt)) - first;
         if (isInt && k >= 0 && k < titles.size())
-            readTitle(row, 1, titles[static_cast<int>(k)]);
+            takeTitle(row, 1, titles[static_cast<int>(k)]);
         return true;
-    });
+    };
+    query(sqlText(SELECT_INDEXED_TITLES, group, static_cast<int>(type)), reader, cutShort);
 }
 
 // --- whole groups ------------------------------------------------------------------------------------------------
@@ -393,17 +402,25 @@ int RecipeDB::loadTable_Group(int group, recipeTableInfo_t& info)
     info.clear();
     info.groupIndex = group;
     if (findRecipeConfig(group, info) != 0 || findTable_Addr_All(group, info) != 0
-        || findTable_Data_All(group, info) != 0) {
+        || findTable_Data_All(group, info) != 0 || !loadTitles(group, info)) {
         info.clear();
         return 1;
     }
-    findTable_Language(group, DB_LANGUAGE_GROUP, 0, info.groupName);
+    return 0;
+}
+
+/// All titles of a group. One that is not there stays empty. False: the file could not be read to the end; whoever
+/// writes the group back would write the rest of the titles away.
+bool RecipeDB::loadTitles(int group, recipeTableInfo_t& info)
+{
+    bool cutShort = false;
+    readTitle(group, DB_LANGUAGE_GROUP, 0, info.groupName, &cutShort);
     QVector<QVector<QString> > rowNames(info.items.size());
-    readTitles(group, DB_LANGUAGE_ROW, 0, rowNames);
+    readTitles(group, DB_LANGUAGE_ROW, 0, rowNames, &cutShort);
     for (int i = 0; i < info.items.size(); ++i)
         info.items[i].rowName = rowNames.at(i);
-    readTitles(group, DB_LANGUAGE_COLUMN, 0, info.columnName);
-    return 0;
+    readTitles(group, DB_LANGUAGE_COLUMN, 0, info.columnName, &cutShort);
+    return !cutShort;
 }
 
 int RecipeDB::loadTable_Group_Partial(int group, int firstColumn, int columnCount, int firstRow, int rowCount,
@@ -432,10 +449,10 @@ int RecipeDB::loadTable_Group_Partial(int group, int firstColumn, int columnCoun
 
     findTable_Language(group, DB_LANGUAGE_GROUP, 0, info.groupName);
     QVector<QVector<QString> > rowNames(info.items.size());
-    readTitles(group, DB_LANGUAGE_ROW, firstRow, rowNames);
+    readTitles(group, DB_LANGUAGE_ROW, firstRow, rowNames, nullptr);
     for (int k = 0; k < info.items.size(); ++k)
         info.items[k].rowName = rowNames.at(k);
     info.columnName.resize(columnCount);
-    readTitles(group, DB_LANGUAGE_COLUMN, firstColumn, info.columnName);
+    readTitles(group, DB_LANGUAGE_COLUMN, firstColumn, info.columnName, nullptr);
     return 0;
 }

@@ -51,7 +51,7 @@ const char* columnText(sqlite3_stmt* statement, int col)
 
 } // namespace
 
-CSqliteInter::CSqliteInter() : m_pSqlite(nullptr), m_pStmt(nullptr) {}
+CSqliteInter::CSqliteInter() : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false) {}
 
 CSqliteInter::~CSqliteInter()
 {
@@ -141,7 +141,9 @@ int CSqliteInter::querySQL(const char* sql)
     require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_QUERY_SQL);
     queryFilish();
     const char* rest = "";
-    if (sqlite3_prepare_v2(m_pSqlite, sql, -1, &m_pStmt, &rest) == SQLITE_OK)
+    const int code = sqlite3_prepare_v2(m_pSqlite, sql, -1, &m_pStmt, &rest);
+    m_readFailed = code != SQLITE_OK && code != SQLITE_ERROR;
+    if (code == SQLITE_OK)
         return 0;
     // The unparsed rest and not SQLite's message: wanted, it shows where a composed statement went wrong.
     std::printf("CSqliteInter::querySQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, rest ? rest : "");
@@ -182,17 +184,13 @@ bool CSqliteInter::inTransaction() const
     return m_pSqlite && sqlite3_get_autocommit(m_pSqlite) == 0;
 }
 
-bool CSqliteInter::accepts(const char* sql) const
-{
-    sqlite3_stmt* statement = nullptr;
-    const int code = m_pSqlite ? sqlite3_prepare_v2(m_pSqlite, sql, -1, &statement, nullptr) : SQLITE_MISUSE;
-    sqlite3_finalize(statement);
-    return code == SQLITE_OK;
-}
-
 int CSqliteInter::queryStep()
 {
-    return m_pStmt && sqlite3_step(m_pStmt) == SQLITE_ROW;
+    if (!m_pStmt)
+        return 0;
+    const int code = sqlite3_step(m_pStmt);
+    m_readFailed = code != SQLITE_ROW && code != SQLITE_DONE;
+    return code == SQLITE_ROW;
 }
 
 int CSqliteInter::getFieldUChar(int col, unsigned char& out)

@@ -86,12 +86,16 @@ public:
     /// what is written after that is no longer part of it.
     bool inTransaction() const;
 
-    /// Whether SQLite would take the (first) statement. Runs and prints nothing; an open query stays open.
-    bool accepts(const char* sql) const;
+    /// Whether the last querySQL or queryStep failed for another reason than the statement itself: the disk, a lock, a
+    /// damaged file. queryStep's 0 alone does not tell such a failure from the end of the rows.
+    bool readFailed() const { return m_readFailed; }
 
 protected:
     sqlite3* m_pSqlite;    ///< null when not connected
     sqlite3_stmt* m_pStmt; ///< null when no query is open
+
+private:
+    bool m_readFailed;
 };
 
 #endif

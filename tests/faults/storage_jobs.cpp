@@ -1,0 +1,161 @@
+#include "storage_jobs.h"
+
+#include "RecipeDB.h"
+#include "RecipeSheetThread.h"
+#include "outside_sqlite.h"
+#include "sqlite_errors.h"
+
+#include <QFile>
+
+namespace {
+
+const char SUFFIX_JOURNAL[] = "-journal";
+const char SUFFIX_BACKUP[] = ".bak";
+
+bool runWorker(int recipe, bool (RecipeSheetThread::*operation)())
+{
+    RecipeSheetThread* const worker = RecipeSheetThread::getInstance();
+    worker->groupIndex = 0;
+    worker->column = recipe;
+    worker->callback = nullptr;
+    worker->available = true;
+    return (worker->*operation)();
+}
+
+} // namespace
+
+StorageJob saveJob(int cells, int titles)
+{
+    const auto run = [cells, titles](RecipeSheetItems& sheet) {
+        RecipeSheetProbe probe(sheet);
+        for (int i = 0; i < cells; ++i)
+            probe.editedCells()[idx_t(i % probe.recipeCount(), (i * 7) % probe.itemCount())] =
+                QString::number(770000 + i);
+        for (int i = 0; i < titles; ++i) {
+            probe.columnNames()[i][0] = QString::fromLatin1("New title %1").arg(i);
+            probe.editedList().append(i);
+        }
+        return sheet.saveRecipeFile();
+    };
+    return {titles > 0 ? "save of cells and titles" : "save of cells", run, cells + titles == 1};
+}
+
+StorageJob addJob(int recipe)
+{
+    return {"add", [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::add); }, true};
+}
+
+StorageJob deleteJob(int recipe)
+{
+    return {"delete", [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::del); }, true};
+}
+
+StorageJobs::StorageJobs()
+    : vfs(FaultVfs::install()), m_pristine(QString::fromLatin1("/usr/tabrix/project/pristine.db3"))
+{}
+
+StorageJobs::~StorageJobs()
+{
+    RecipeDB::getInstance()->CloseRecipeFile();
+    vfs.reset();
+}
+
+void StorageJobs::prepare(int items, int recipes)
+{
+    vfs.reset();
+    writeGroup(SheetGroup::ofSize(items, recipes));
+    QFile::remove(m_pristine);
+    ASSERT_TRUE(QFile::copy(recipeFile(), m_pristine));
+}
+
+void StorageJobs::restoreFile()
+{
+    RecipeDB::getInstance()->CloseRecipeFile();
+    vfs.reset();
+    for (const char* suffix : {"", SUFFIX_JOURNAL, SUFFIX_BACKUP})
+        QFile::remove(recipeFile() + QString::fromLatin1(suffix));
+    ASSERT_TRUE(QFile::copy(m_pristine, recipeFile()));
+}
+
+RecipeSheetItems& StorageJobs::openSheet()
+{
+    return startSheet();
+}
+
+void StorageJobs::closeSheet(RecipeSheetItems& sheet)
+{
+    destroySheet(sheet);
+    RecipeDB::getInstance()->CloseRecipeFile();
+}
+
+std::vector<std::string> StorageJobs::lines()
+{
+    OutsideSqlite file(recipeFile());
+    std::vector<std::string> result;
+    for (const char* table : {"recipe_config", "addr_0", "data_0", "lang_0"}) {
+        const std::string rows = file.query(std::string("SELECT * FROM ") + table + ";");
+        for (std::size_t at = 0; at <= rows.size();) {
+            const std::size_t end = std::min(rows.find('\n', at), rows.size());
+            result.push_back(std::string(table) + ": " + rows.substr(at, end - at));
+            at = end + 1;
+        }
+    }
+    return result;
+}
+
+std::string StorageJobs::contents()
+{
+    std::string result;
+    for (const std::string& line : lines())
+        result += line + "\n";
+    return result;
+}
+
+std::string StorageJobs::damage()
+{
+    const std::string answer = outsideQuery(recipeFile(), "PRAGMA integrity_check;");
+    return answer == "ok" ? std::string() : answer;
+}
+
+std::string StorageJobs::contentsAfter(const StorageJob& job)
+{
+    restoreFile();
+    RecipeSheetItems& sheet = openSheet();
+    EXPECT_TRUE(job.run(sheet)) << job.name;
+    closeSheet(sheet);
+    return contents();
+}
+
+namespace {
+
+std::vector<std::string> fields(const std::string& line)
+{
+    std::vector<std::string> result(1);
+    for (const char c : line) {
+        if (c == '|')
+            result.emplace_back();
+        else
+            result.back() += c;
+    }
+    return result;
+}
+
+} // namespace
+
+void StorageJobs::expectOldOrNewLineByLine(const std::vector<std::string>& before,
+                                           const std::vector<std::string>& after, const std::vector<std::string>& found,
+                                           const std::string& where)
+{
+    ASSERT_EQ(before.size(), after.size());
+    ASSERT_EQ(found.size(), before.size()) << where;
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (found[i] == before[i] || found[i] == after[i])
+            continue;
+        const std::vector<std::string> was = fields(before[i]);
+        const std::vector<std::string> is = fields(found[i]);
+        const std::vector<std::string> willBe = fields(after[i]);
+        ASSERT_EQ(is.size(), was.size()) << where;
+        for (std::size_t k = 0; k < is.size(); ++k)
+            EXPECT_TRUE(is[k] == was[k] || is[k] == willBe[k]) << where << ": " << is[k] << " is neither old nor new";
+    }
+}

@@ -1,0 +1,53 @@
+// The jobs that change a recipe file, so that a fault can be put into each of their operations.
+#ifndef STORAGE_JOBS_H
+#define STORAGE_JOBS_H
+
+#include "fault_vfs.h"
+#include "sheet_fixture.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// One job on the file. Run it on a freshly opened sheet; true: success was announced to the operator.
+struct StorageJob
+{
+    const char* name;
+    std::function<bool(RecipeSheetItems& sheet)> run;
+    bool atomic; ///< the file is wholly old or wholly new; else each edited cell by itself
+};
+
+StorageJob saveJob(int cells, int titles);
+StorageJob addJob(int recipe);
+StorageJob deleteJob(int recipe);
+
+class StorageJobs : public SheetFixture
+{
+protected:
+    StorageJobs();
+    ~StorageJobs() override;
+
+    /// Makes the file that every run starts from.
+    void prepare(int items, int recipes);
+    /// Puts the prepared file back, without journal and backup, and makes the disk whole.
+    void restoreFile();
+    /// Constructs and configures a sheet on the file, with the disk whole.
+    RecipeSheetItems& openSheet();
+    void closeSheet(RecipeSheetItems& sheet);
+    /// Everything that the file holds, as one text; through the real disk.
+    static std::string contents();
+    /// The same, line by line.
+    static std::vector<std::string> lines();
+    /// Empty when the file opens and is whole.
+    static std::string damage();
+    /// What the job leaves when nothing fails.
+    std::string contentsAfter(const StorageJob& job);
+    /// Fails the test unless every line of `found` stands at its place in `before` or `after`.
+    static void expectOldOrNewLineByLine(const std::vector<std::string>& before, const std::vector<std::string>& after,
+                                         const std::vector<std::string>& found, const std::string& where);
+
+    FaultVfs& vfs;
+    QString m_pristine; // path of the prepared file
+};
+
+#endif
