@@ -30,3 +30,12 @@ function(recipe_target target standard)
         $<$<BOOL:${RECIPE_WERROR}>:-Werror>)
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 endfunction()
+
+# What ships gives nothing away: no writable relocations, guarded stacks, checked buffers, no executable stack.
+function(recipe_harden target)
+    target_compile_options(${target} PRIVATE -fstack-protector-strong)
+    target_link_options(${target} PRIVATE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+    if(NOT RECIPE_SANITIZE AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+        target_compile_definitions(${target} PRIVATE _FORTIFY_SOURCE=2)
+    endif()
+endfunction()
