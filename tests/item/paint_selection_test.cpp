@@ -194,3 +194,15 @@ TEST_F(PaintedSelection, OfAMissingCellFillsNothing)
     EXPECT_EQ(seen.filter(QStringLiteral("brush #ffffc850")).size(), 0);
     EXPECT_EQ(probe.displayCells().size(), 49);
 }
+
+// An edit may leave a cell in the display that is not on the page: its text is drawn where it lies, its mark is not.
+TEST_F(PaintedSelection, OfACellBelowThePageIsNotDrawnEvenWhereTheDisplayHasOne)
+{
+    RecipeSheetItems& sheet = startOnGroup();
+    RecipeSheetProbe probe(sheet);
+    painted(sheet);
+    probe.displayCells()[idx_t(2, 10)].rect = QRectF(1, 2, 3, 4);
+    probe.selectedColumn() = 2;
+    probe.selectedRow() = 10;
+    EXPECT_EQ(painted(sheet).filter(QStringLiteral("brush #ffffc850")).size(), 0);
+}
