@@ -5,7 +5,9 @@
 #include "recipe_tools.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -205,7 +207,7 @@ QStringList RecordedRequests::functions() const
 
 // --- the fixture -------------------------------------------------------------------------------------------------
 
-SheetFixture::SheetFixture() : m_root(nullptr)
+SheetFixture::SheetFixture() : m_hadFile(QFile::exists(recipeFile())), m_root(nullptr)
 {
     runtime().setListener(&requests);
 }
@@ -223,6 +225,17 @@ SheetFixture::~SheetFixture()
     registers().setListener(nullptr);
     registers().clear();
     settle();
+    if (!m_hadFile)
+        removeRecipeFiles();
+}
+
+/// The file, its backup and its journal.
+void SheetFixture::removeRecipeFiles()
+{
+    const QFileInfo file(recipeFile());
+    const QStringList names = file.dir().entryList(QStringList(file.fileName() + QLatin1Char('*')), QDir::Files);
+    for (const QString& name : names)
+        file.dir().remove(name);
 }
 
 QString SheetFixture::recipeFile()

@@ -9,7 +9,8 @@
 //         ...
 //     }
 //
-// The recipe file is the real one, /usr/tabrix/project/recipeN.db3: run under tools/with-project-dir.
+// The recipe file is the real one, /usr/tabrix/project/recipeN.db3: run under tools/with-project-dir. What a test left
+// there is removed after it, unless a file was there before.
 #ifndef SHEET_FIXTURE_H
 #define SHEET_FIXTURE_H
 
@@ -163,6 +164,9 @@ protected:
     RecordedRequests requests; ///< of all items, from the beginning of the test
 
 private:
+    static void removeRecipeFiles();
+
+    bool m_hadFile;
     object* m_root; // the open project's; owned by the runtime
     std::vector<std::unique_ptr<RecipeSheetItems> > m_sheets;
 };
