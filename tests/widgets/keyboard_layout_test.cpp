@@ -86,7 +86,7 @@ static const PlaceRow PLACES[] = {
     {"lower: below, fewer rows", KeyboardForm::Text, SMALL_PANEL, 133, QRect(350, 100, 100, 30),
      QRect(1, 141, 796, 301)},
     {"a number in the middle of a small panel: on the right", KeyboardForm::DecimalNumber, SMALL_PANEL, 133,
-     QRect(350, 220, 100, 30), QRect(461, 0, 0, 0)},
+     QRect(350, 220, 100, 30), QRect(461, 0, 336, 479)},
 };
 
 TEST(KeyboardLayout, GoesBesideTheCell)
