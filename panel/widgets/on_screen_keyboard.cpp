@@ -28,6 +28,7 @@ const QColor REFUSED(255, 190, 120);
 
 const double KEY_TEXT_SHARE = 0.45; // of the key's height
 const double KEY_CORNER = 4;
+const double SMALLEST_SUBJECT = 0.75; // share of its font's size before it is cut
 
 KeyboardForm formOf(const EntryRules& rules)
 {
@@ -44,13 +45,13 @@ QFont sized(const QFont& font, int pixels, bool bold = false)
     return result;
 }
 
-/// The largest font up to `font` in which `text` fits into `width`.
-QFont fitting(const QFont& font, const QString& text, int width)
+/// The largest font up to `font` in which `text` fits into `width`, but not below the share `smallest` of it.
+QFont fitting(const QFont& font, const QString& text, int width, double smallest = 0)
 {
     QFont result(font);
     const int needed = QFontMetrics(result).horizontalAdvance(text);
-    if (needed > width)
-        result.setPixelSize(std::max(1, result.pixelSize() * width / needed));
+    const double share = needed > width ? std::max(smallest, width / double(needed)) : 1;
+    result.setPixelSize(std::max(1, static_cast<int>(result.pixelSize() * share)));
     return result;
 }
 
@@ -87,6 +88,17 @@ QPainterPath shiftSign(const QRectF& box)
     path.lineTo(box.left() + stem, neck);
     path.lineTo(box.left(), neck);
     path.closeSubpath();
+    return path;
+}
+
+/// The bracket that stands for a space.
+QPainterPath spaceSign(const QRectF& box)
+{
+    QPainterPath path;
+    path.moveTo(box.topLeft());
+    path.lineTo(box.bottomLeft());
+    path.lineTo(box.bottomRight());
+    path.lineTo(box.topRight());
     return path;
 }
 
@@ -462,11 +474,12 @@ void OnScreenKeyboard::paintShade(QPainter& painter) const
 
 void OnScreenKeyboard::paintHeader(QPainter& painter) const
 {
-    painter.setFont(sized(font(), m_layout.textPixels, true));
     painter.setPen(TEXT);
+    const int width = m_layout.subject.width();
+    painter.setFont(fitting(sized(font(), m_layout.textPixels, true), subjectText(), width, SMALLEST_SUBJECT));
     const QFontMetrics bold(painter.font());
     painter.drawText(m_layout.subject, Qt::AlignLeft | Qt::AlignVCenter,
-                     bold.elidedText(subjectText(), Qt::ElideRight, m_layout.subject.width()));
+                     bold.elidedText(subjectText(), Qt::ElideRight, width));
     if (m_layout.messageIsInfo && m_refusal != Refusal::None)
         return;
 
@@ -492,7 +505,7 @@ void OnScreenKeyboard::paintHeader(QPainter& painter) const
 /// The end of a long entry is what is shown: that is where one types.
 void OnScreenKeyboard::paintEntry(QPainter& painter) const
 {
-    painter.setPen(m_refusal == Refusal::None ? BORDER : REFUSED);
+    painter.setPen(m_refusal == Refusal::None ? QPen(BORDER) : QPen(REFUSED, 3));
     painter.setBrush(ENTRY_BACKGROUND);
     painter.drawRect(QRectF(m_layout.entry).adjusted(0.5, 0.5, -0.5, -0.5));
 
@@ -532,24 +545,38 @@ void OnScreenKeyboard::paintMessage(QPainter& painter) const
 void OnScreenKeyboard::paintKey(QPainter& painter, const KeyboardKey& key) const
 {
     const bool pressed = m_fingerOnKey && m_pressedKey == key.rect;
-    const bool shifted = key.action == KeyAction::Shift && m_shift != Shift::Off;
     painter.setPen(Qt::NoPen);
     painter.setBrush(pressed ? PRESSED_KEY : keyColor(key.action));
     painter.drawRoundedRect(key.rect, KEY_CORNER, KEY_CORNER);
 
     painter.setPen(QPen(KEY_TEXT, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(shifted ? QBrush(KEY_TEXT) : QBrush(Qt::NoBrush));
-    if (key.action == KeyAction::Backspace)
-        painter.drawPath(backspaceSign(signBox(key.rect, 0.56, 0.36)));
-    if (key.action != KeyAction::Shift) {
-        const int pixels = static_cast<int>(m_layout.pages.first().first().rect.height() * KEY_TEXT_SHARE);
-        const QString text = label(key);
-        painter.setFont(fitting(sized(font(), pixels), text, key.rect.width() * 9 / 10));
-        painter.drawText(key.rect, Qt::AlignCenter, text);
+    if (paintSign(painter, key))
         return;
+    const int pixels = static_cast<int>(m_layout.pages.first().first().rect.height() * KEY_TEXT_SHARE);
+    const QString text = label(key);
+    painter.setFont(fitting(sized(font(), pixels), text, key.rect.width() * 9 / 10));
+    painter.drawText(key.rect, Qt::AlignCenter, text);
+}
+
+/// Keys that carry a sign instead of a text: no font has to have it. False: it is not one of them.
+bool OnScreenKeyboard::paintSign(QPainter& painter, const KeyboardKey& key) const
+{
+    painter.setBrush(Qt::NoBrush);
+    if (key.action == KeyAction::Backspace) {
+        painter.drawPath(backspaceSign(signBox(key.rect, 0.56, 0.36)));
+        return true;
     }
+    if (key.character == QLatin1Char(' ')) {
+        painter.drawPath(spaceSign(signBox(key.rect, 0.5, 0.14).translated(0, key.rect.height() * 0.15)));
+        return true;
+    }
+    if (key.action != KeyAction::Shift)
+        return false;
+    if (m_shift != Shift::Off)
+        painter.setBrush(KEY_TEXT);
     const QRectF box = signBox(key.rect, 0.42, 0.42);
     painter.drawPath(shiftSign(box));
     if (m_shift == Shift::Locked)
         painter.drawLine(QPointF(box.left(), box.bottom() + 5), QPointF(box.right(), box.bottom() + 5));
+    return true;
 }

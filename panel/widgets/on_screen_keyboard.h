@@ -90,6 +90,7 @@ private:
     void paintEntry(QPainter& painter) const;
     void paintMessage(QPainter& painter) const;
     void paintKey(QPainter& painter, const KeyboardKey& key) const;
+    bool paintSign(QPainter& painter, const KeyboardKey& key) const;
 
     const Request m_request;
     const EntryRules m_rules;

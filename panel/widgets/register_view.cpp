@@ -37,7 +37,7 @@ RegisterView::RegisterView(RegisterAccess& registers, PanelClock& clock, QWidget
     m_table->setItemDelegateForColumn(RegisterModel::VALUE, new WordDelegate(m_table));
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setEditTriggers(QAbstractItemView::AllEditTriggers);
+    m_table->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->horizontalHeader()->setSectionResizeMode(RegisterModel::NAME, QHeaderView::Stretch);
@@ -52,6 +52,7 @@ RegisterView::RegisterView(RegisterAccess& registers, PanelClock& clock, QWidget
     m_remark->setObjectName(QStringLiteral("remark"));
     m_remark->setWordWrap(true);
     m_remark->hide();
+    connect(m_table, &QTableView::clicked, this, &RegisterView::editValue);
     connect(m_add, &QPushButton::clicked, this, &RegisterView::addRow);
     connect(m_remove, &QPushButton::clicked, this, &RegisterView::removeRow);
     connect(m_model, &RegisterModel::refused, this, &RegisterView::showRefusal);
@@ -64,6 +65,13 @@ RegisterView::RegisterView(RegisterAccess& registers, PanelClock& clock, QWidget
     grid->addWidget(m_add, 2, 2);
     grid->addWidget(m_remove, 2, 3);
     retranslate();
+}
+
+/// One touch is enough to begin.
+void RegisterView::editValue(const QModelIndex& index)
+{
+    if (index.flags() & Qt::ItemIsEditable)
+        m_table->edit(index);
 }
 
 void RegisterView::addRow()

@@ -25,6 +25,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private Q_SLOTS:
+    void editValue(const QModelIndex& index);
     void addRow();
     void removeRow();
     void showRefusal(const QString& type, int address);

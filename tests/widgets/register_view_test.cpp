@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QHash>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -71,6 +72,9 @@ protected:
         editor->selectAll();
         QTest::keyClicks(editor, QString::fromLatin1(digits));
         QTest::keyClick(editor, Qt::Key_Return);
+        // The table commits what was typed from the event loop.
+        const QPointer<QSpinBox> guard(editor);
+        ASSERT_TRUE(QTest::qWaitFor([&guard]() { return guard.isNull(); }));
     }
 
     Registers registers;
@@ -171,6 +175,7 @@ TEST_F(RegisterTable, TakesNoRegisterThatCannotBe)
 TEST_F(RegisterTable, SaysWhenARegisterCannotBeWritten)
 {
     add("RO", 5);
+    ASSERT_EQ(model.rowCount(), 3);
     typeValue(2, "3");
     EXPECT_EQ(part<QLabel>("remark")->text().toStdString(), "RO 5 cannot be written.");
     EXPECT_EQ(cell(2, RegisterModel::VALUE), "0");
