@@ -7,6 +7,7 @@ namespace {
 
 TEST(RecipeFixtures, WriteAFileThatReadsBackFromOutside)
 {
+    cleanProjectDirectory();
     writeRecipeFile(recipeGroup(3, 2), 7);
     EXPECT_EQ(outsideQuery(recipeFilePath(), "SELECT * FROM recipe_config;"), "7|3|2|0|");
     EXPECT_EQ(outsideQuery(recipeFilePath(), "SELECT * FROM data_7;"), "0|0.0|1.0|2.0\n1|10000.0|10001.0|10002.0");
