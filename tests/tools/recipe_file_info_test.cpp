@@ -1,0 +1,205 @@
+// info: a plain table, JSON, and one clear sentence for what is no recipe file.
+#include "program.h"
+
+#include <QDir>
+
+#include <sqlite3.h>
+
+namespace {
+
+const char SMALL[] = R"({"groups": [{"index": 3, "names": ["Oven", "Ofen", "", "", "", "", "炉"],
+    "notifyAddress": "PLC,0,0,M,9,0",
+    "items": [{"names": ["Heat", "Hitze", "", "", "", "", "热"], "address": "PLC,1,2,D,x,5", "dataType": 6,
+               "totalDigits": 4, "decimalDigits": 1, "min": -5, "max": 300},
+              {"names": "Code", "address": "PLC,0,0,LW,7,0", "dataType": "text"}],
+    "recipes": [{"names": "A", "values": [21.5, "x"]}, {"values": [300, ""]}]
+}]
+})";
+
+class Info : public ProgramTest
+{
+protected:
+    void SetUp() override { ASSERT_EQ(run({"create", "-", "r.db3"}, SMALL).code, 0); }
+};
+
+} // namespace
+
+TEST_F(Info, ShowsGroupsAndItemsAsPlainTables)
+{
+    const Outcome result = run({"info", "r.db3"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, "r.db3: 1 group\n"
+                          "\n"
+                          "Group  Name  Items  Recipes  Notify address  Health\n"
+                          "-----  ----  -----  -------  --------------  ------\n"
+                          "    3  Oven      2        2  PLC,0,0,M,9,0   sound\n"
+                          "\n"
+                          "Group 3 \"Oven\"\n"
+                          "Item  Name  Address         Type  Digits  Decimals  Min  Max\n"
+                          "----  ----  --------------  ----  ------  --------  ---  ---\n"
+                          "   0  Heat  PLC,1,2,D,x,5   6          4         1   -5  300\n"
+                          "   1  Code  PLC,0,0,LW,7,0  text      10         0    0   20\n");
+}
+
+TEST_F(Info, AlignsTitlesOfWideCharacters)
+{
+    const Outcome result = run({"info", "r.db3", "--language", "7"});
+    EXPECT_NE(result.out.find("    3  炉        2"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("   0  热    PLC"), std::string::npos) << result.out;
+}
+
+TEST_F(Info, TellsTheSameAsJson)
+{
+    const Outcome result = run({"info", "r.db3", "--json", "--language", "2"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, R"({
+  "ok": true,
+  "file": "r.db3",
+  "groups": [
+    {
+      "index": 3,
+      "name": "Ofen",
+      "items": 2,
+      "recipes": 2,
+      "notify": 1,
+      "notifyAddress": "PLC,0,0,M,9,0",
+      "sound": true,
+      "faults": [],
+      "itemList": [
+        {
+          "index": 0,
+          "name": "Hitze",
+          "address": "PLC,1,2,D,x,5",
+          "dataType": 6,
+          "totalDigits": 4,
+          "decimalDigits": 1,
+          "min": -5.0,
+          "max": 300.0
+        },
+        {
+          "index": 1,
+          "name": "Code",
+          "address": "PLC,0,0,LW,7,0",
+          "dataType": 7,
+          "totalDigits": 10,
+          "decimalDigits": 0,
+          "min": 0.0,
+          "max": 20.0
+        }
+      ]
+    }
+  ]
+}
+)");
+}
+
+TEST_F(Info, NamesTablesThatDisagreeWithTheConfiguration)
+{
+    sql("r.db3", "UPDATE recipe_config SET row = 5, column = 1; DELETE FROM lang_3 WHERE type = 0;");
+    const Outcome result = run({"info", "r.db3"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_NE(result.out.find("6 faults"), std::string::npos);
+    for (const char* fault :
+         {"addr_3 holds 2 items, recipe_config says 5.", "data_3 holds 2 recipes, recipe_config says 1.",
+          "data_3 holds 2 value columns, recipe_config says 5.", "lang_3 holds 0 group titles, recipe_config says 1.",
+          "lang_3 holds 2 item titles, recipe_config says 5.", "lang_3 holds 2 recipe titles, recipe_config says 1."})
+        EXPECT_NE(result.out.find(std::string("fault: ") + fault + '\n'), std::string::npos) << fault << result.out;
+}
+
+TEST_F(Info, NamesATableThatIsMissing)
+{
+    sql("r.db3", "DROP TABLE data_3;");
+    EXPECT_NE(run({"info", "r.db3"}).out.find("fault: The table data_3 is missing.\n"), std::string::npos);
+}
+
+TEST_F(Info, ChangesNothing)
+{
+    const std::string before = read("r.db3");
+    ASSERT_EQ(run({"info", "r.db3"}).code, 0);
+    EXPECT_EQ(read("r.db3"), before);
+    EXPECT_EQ(files(), Words{"r.db3"});
+}
+
+TEST_F(Info, SaysWhatIsNoRecipeFile)
+{
+    write("empty.db3", "");
+    write("text.db3", std::string(2000, 'x'));
+    sql("other.db3", "CREATE TABLE cats (name);");
+    ASSERT_TRUE(QDir(path(".")).mkdir(QStringLiteral("folder")));
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"none.db3", "There is no file none.db3."},
+        {"folder", "folder is a directory, not a recipe file."},
+        {"empty.db3", "empty.db3 is empty, so it is no recipe file."},
+        {"text.db3", "text.db3 is not an SQLite database, so it is no recipe file."},
+        {"other.db3", "other.db3 is an SQLite database without a table recipe_config, so it is no recipe file."}};
+    for (const auto& [file, sentence] : cases) {
+        const Outcome result = run({"info", file});
+        EXPECT_EQ(result.code, 2) << sentence;
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err, "recipe-file: " + sentence + '\n');
+    }
+}
+
+TEST_F(Info, SaysThatAFileIsLocked)
+{
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path("r.db3").toUtf8().constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const Outcome result = run({"info", "r.db3"});
+    const Outcome json = run({"info", "r.db3", "--json"});
+    sqlite3_close(other);
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(
+        result.err,
+        "recipe-file: r.db3 is locked by another program; try again later, or wait for it with --wait SECONDS.\n");
+    EXPECT_EQ(json.code, 2);
+    EXPECT_EQ(json.err, "");
+    EXPECT_NE(json.out.find("\"error\": \"r.db3 is locked by another program"), std::string::npos);
+}
+
+class CommandLine : public ProgramTest
+{
+};
+
+TEST_F(CommandLine, OffersTheNearestCommand)
+{
+    const Outcome result = run({"inof"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.err, "recipe-file: There is no command \"inof\", did you mean \"info\"?\n");
+}
+
+TEST_F(CommandLine, WithoutACommandPointsAtTheHelp)
+{
+    const Outcome result = run({});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.err, "recipe-file: A subcommand is required; see recipe-file --help.\n");
+}
+
+TEST_F(CommandLine, TellsItsVersion)
+{
+    const Outcome result = run({"--version"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.out.rfind("recipe-file ", 0), 0U);
+}
+
+TEST_F(CommandLine, HasAnExampleInTheHelpOfEveryCommand)
+{
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.out.find("Exit codes:"), std::string::npos);
+    const std::string list = help.out.substr(help.out.find("Subcommands:"));
+    int commands = 0;
+    std::istringstream lines(list);
+    for (std::string line; std::getline(lines, line) && line != "Exit codes:";) {
+        if (line.size() < 4 || line.compare(0, 2, "  ") != 0 || line[2] == ' ')
+            continue;
+        const std::string name = line.substr(2, line.find(' ', 2) - 2);
+        const Outcome one = run({name, "--help"});
+        EXPECT_EQ(one.code, 0);
+        EXPECT_NE(one.out.find("Example:\n  recipe-file " + name), std::string::npos) << one.out;
+        ++commands;
+    }
+    EXPECT_GE(commands, 3);
+}

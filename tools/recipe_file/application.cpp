@@ -1,0 +1,112 @@
+#include "application.h"
+
+#include "commands.h"
+#include "console.h"
+#include "json_document.h"
+#include "outcome.h"
+#include "suggest.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstring>
+
+namespace {
+
+const char EXIT_CODES[] = "Exit codes:\n"
+                          "  0  done; no difference, no fault\n"
+                          "  1  diff found differences, check found faults\n"
+                          "  2  not done: command line, file or input; nothing was changed\n"
+                          "\n"
+                          "Data goes to standard output, everything else to standard error.";
+
+bool asksForJson(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--json") == 0)
+            return true;
+    }
+    return false;
+}
+
+Json problemToJson(const Problem& problem)
+{
+    return {{"path", problem.path},   {"place", problem.place},       {"field", problem.field},
+            {"value", problem.value}, {"expected", problem.expected}, {"text", problem.text()}};
+}
+
+int reportFailure(const ToolError& error, bool json)
+{
+    if (!json) {
+        for (const Problem& problem : error.problems())
+            say(problem.text());
+        say(error.what());
+        return EXIT_FAILED;
+    }
+    Json object = {{"ok", false}, {"error", error.what()}, {"problems", Json::array()}};
+    for (const Problem& problem : error.problems())
+        object["problems"].push_back(problemToJson(problem));
+    printData(object.dump(2) + '\n');
+    return EXIT_FAILED;
+}
+
+/// What is nearest to a command that does not exist.
+void refuseUnknownCommand(const CLI::App& app, int argc, char** argv)
+{
+    if (argc < 2 || argv[1][0] == '-')
+        return;
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands({}))
+        names.push_back(command->get_name());
+    for (const std::string& name : names) {
+        if (name == argv[1])
+            return;
+    }
+    const std::string hint = didYouMean(argv[1], names);
+    throw ToolError("There is no command " + quoted(argv[1]) + (hint.empty() ? "; see recipe-file --help." : hint));
+}
+
+int parseAndRun(CLI::App& app, Session& session, int argc, char** argv)
+{
+    refuseUnknownCommand(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
+            return app.exit(error); // --help, --version
+        const auto chosen = app.get_subcommands();
+        throw ToolError(std::string(error.what()) + "; see recipe-file "
+                        + (chosen.empty() ? "" : chosen.front()->get_name() + ' ') + "--help.");
+    }
+    return session.action();
+}
+
+} // namespace
+
+CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name, const std::string& purpose,
+                     const std::string& example)
+{
+    CLI::App* command = app.add_subcommand(name, purpose);
+    command->add_flag("--json", session.json, "Result and failures as JSON on standard output");
+    command->footer("Example:\n  " + example);
+    return command;
+}
+
+int runApplication(int argc, char** argv)
+{
+    CLI::App app("Prepare, look at, move and check recipe files.", "recipe-file");
+    app.set_version_flag("--version", "recipe-file " RECIPE_FILE_VERSION);
+    app.require_subcommand(1);
+    app.footer(EXIT_CODES);
+    Session session;
+    addCreate(app, session);
+    addGenerate(app, session);
+    addInfo(app, session);
+    try {
+        return parseAndRun(app, session, argc, argv);
+    } catch (const ToolError& error) {
+        return reportFailure(error, asksForJson(argc, argv));
+    } catch (const std::exception& error) {
+        return reportFailure(ToolError(std::string("Unexpected failure: ") + error.what() + '.'),
+                             asksForJson(argc, argv));
+    }
+}

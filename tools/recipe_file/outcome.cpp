@@ -1,0 +1,36 @@
+#include "outcome.h"
+
+namespace {
+
+const std::size_t SHOWN_BYTES = 60;
+
+bool continuesCharacter(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+} // namespace
+
+std::string Problem::text() const
+{
+    std::string sentence = path.empty() ? std::string() : path + ": ";
+    if (!place.empty())
+        sentence += place + ": ";
+    sentence += field + " is " + value + ", expected " + expected;
+    return expected.empty() || expected.back() != '?' ? sentence + '.' : sentence;
+}
+
+std::string quoted(const std::string& text)
+{
+    if (text.size() <= SHOWN_BYTES)
+        return '"' + text + '"';
+    std::size_t end = SHOWN_BYTES;
+    while (end > 0 && continuesCharacter(text[end]))
+        --end;
+    return '"' + text.substr(0, end) + "...\"";
+}
+
+std::string counted(long long count, const char* one, const char* many)
+{
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
