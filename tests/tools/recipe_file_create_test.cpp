@@ -2,6 +2,7 @@
 #include "program.h"
 
 #include "RecipeDB.h"
+#include "sqlite_errors.h"
 
 #include <QDir>
 
@@ -178,10 +179,14 @@ TEST_F(Create, TakesTitlesUpToTheLastByteThatAPanelCanRewrite)
     titles[7] = QString(room, QLatin1Char('y'));
     EXPECT_EQ(db->updateTable_Language_Index(0, DB_LANGUAGE_COLUMN, 9999, titles), 0);
     titles[6] = QStringLiteral("y");
+    const SqliteErrors expected;
     EXPECT_NE(db->updateTable_Language_Index(0, DB_LANGUAGE_COLUMN, 9999, titles), 0) << "there is more room";
     RecipeDB::release();
+}
 
-    write("d.json", withTitles(room + 1));
+TEST_F(Create, RefusesTitlesThatAPanelCouldNotRewrite)
+{
+    write("d.json", withTitles(880));
     EXPECT_EQ(run({"create", "d.json", "s.db3"}).err,
               "recipe-file: groups[0].recipes[0].names: group 0 \"Group 0\", recipe 0: names is 880 bytes in all, "
               "expected at most 879 for the eight titles together (UTF-8, single quotes counted twice).\n"
