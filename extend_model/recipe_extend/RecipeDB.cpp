@@ -62,6 +62,13 @@ QByteArray limitText(double limit, int decimals)
     return fixedNotation(limit, decimals).toUtf8();
 }
 
+/// Whether the text, put between single quotes as it stands, ends the literal before its time.
+bool endsLiteral(const QString& text)
+{
+    QString rest = text;
+    return rest.remove(QString(QLatin1String("''"))).contains(QLatin1Char('\''));
+}
+
 /// A list of values behind the recipe's number: "(<column>,'..','..');"
 class DataRow
 {
@@ -184,6 +191,18 @@ int RecipeDB::execLocked(const SqlText& sql)
     return m_sqlite->execSQL(sql.text());
 }
 
+/// For statements into which a text goes without escaping. A quote in it makes the statement fail, as a rule. A text
+/// made so that the rest of it is good SQL (a comment that hides the WHERE) must not get through to other cells.
+int RecipeDB::execUnescaped(const SqlText& sql, const QString& text)
+{
+    QMutexLocker lock(&m_lock);
+    if (!m_sqlite)
+        return 1;
+    if (endsLiteral(text) && m_sqlite->accepts(sql.text()))
+        return 2;
+    return execLocked(sql);
+}
+
 // --- the configuration table -------------------------------------------------------------------------------------
 
 int RecipeDB::createTable_RecipeConfig()
@@ -195,9 +214,10 @@ int RecipeDB::insertTable_Config(int group, const recipeTableInfo_t& info)
 {
     if (info.columnName.isEmpty())
         return 1;
-    return exec(sqlText(INSERT_CONFIG, group, static_cast<int>(info.items.size()),
-                        static_cast<int>(info.columnName.size()), info.notify,
-                        info.notifyAddressText().toUtf8().constData()));
+    const QString address = info.notifyAddressText();
+    return execUnescaped(sqlText(INSERT_CONFIG, group, static_cast<int>(info.items.size()),
+                                 static_cast<int>(info.columnName.size()), info.notify, address.toUtf8().constData()),
+                         address);
 }
 
 int RecipeDB::TruncateRecipeConfig()
@@ -217,9 +237,12 @@ int RecipeDB::createTable_Addr(int group)
 
 int RecipeDB::insertTable_Addr(int group, int rowIndex, const recipeItemInfo_t& item)
 {
-    return exec(sqlText(INSERT_ADDR, group, rowIndex, item.addressText().toUtf8().constData(), item.dataType,
-                        item.totalDigits, item.decimalDigits, limitText(item.min, item.decimalDigits).constData(),
-                        limitText(item.max, item.decimalDigits).constData()));
+    const QString address = item.addressText();
+    return execUnescaped(sqlText(INSERT_ADDR, group, rowIndex, address.toUtf8().constData(), item.dataType,
+                                 item.totalDigits, item.decimalDigits,
+                                 limitText(item.min, item.decimalDigits).constData(),
+                                 limitText(item.max, item.decimalDigits).constData()),
+                         address);
 }
 
 // --- recipes -----------------------------------------------------------------------------------------------------
@@ -257,7 +280,7 @@ int RecipeDB::insertTable_Data_One(int group, int column, const QStringList& val
 
 int RecipeDB::updateTable_Data_Column_One(int group, int column, int itemIndex, const QString& value)
 {
-    return exec(sqlText(UPDATE_CELL, group, itemIndex, value.toUtf8().constData(), column));
+    return execUnescaped(sqlText(UPDATE_CELL, group, itemIndex, value.toUtf8().constData(), column), value);
 }
 
 int RecipeDB::updateTable_Data_Column(int group, int column, const QVector<QString>& values)

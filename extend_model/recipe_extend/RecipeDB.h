@@ -128,6 +128,7 @@ private:
 
     // These take the mutex.
     int exec(const SqlText& sql);
+    int execUnescaped(const SqlText& sql, const QString& text);
     int count(const SqlText& sql);
     template <typename Reader> int query(const SqlText& sql, Reader reader, bool* cutShort = nullptr);
 

@@ -29,11 +29,12 @@ const char SELECT_TITLE_RANGE[] = "SELECT L0, L1, L2, L3, L4, L5, L6, L7 FROM la
                                   "WHERE type = '%d' AND strIndex >= '%d' AND strIndex < '%d';";
 
 // Titles of many rows in one pass. The index is compared as text, exactly as "strIndex = '%d'" does for each single
-// title: printf() gives the canonical decimal text and, unlike a CAST, no affinity of its own.
-const char SELECT_INDEXED_TITLES[] = "SELECT printf('%%d', strIndex), L0, L1, L2, L3, L4, L5, L6, L7 FROM lang_%d "
-                                     "WHERE type = '%d' AND strIndex = printf('%%d', strIndex);";
-const char COUNT_TITLE_INDEXES[] =
-    "SELECT count(*) FROM sqlite_master WHERE tbl_name = 'lang_%d' COLLATE NOCASE AND type <> 'table';";
+// title: the concatenation gives the canonical decimal text and, unlike the bare CAST, has no affinity of its own.
+const char SELECT_INDEXED_TITLES[] = "SELECT CAST(strIndex AS INTEGER), L0, L1, L2, L3, L4, L5, L6, L7 "
+                                     "FROM lang_%d WHERE type = '%d' AND strIndex = CAST(strIndex AS INTEGER) || '';";
+// All but a plain table: indexes on it, triggers, a view, a virtual table.
+const char COUNT_TITLE_INDEXES[] = "SELECT count(*) FROM sqlite_master WHERE tbl_name = 'lang_%d' COLLATE NOCASE "
+                                   "AND (type <> 'table' OR rootpage = 0);";
 
 /// Counts up to here are taken as the file states them: they cost less than a page of cells.
 const int BELIEVED_COUNT = 4096;
@@ -181,8 +182,10 @@ int RecipeDB::findRecipeConfig(int group, recipeTableInfo_t& info)
     info.items.resize(believedCount(itemCount, sqlText(COUNT_ADDR, group)));
     info.columnName.resize(believedCount(recipeCount, sqlText(COUNT_DATA, group)));
     for (int c = 0; c < info.columnName.size(); ++c) {
-        if (info.columnName.at(c).size() != LANGUAGE_COUNT)
+        if (info.columnName.at(c).isEmpty())
             info.columnName[c] = emptyTitles();
+        else
+            info.columnName[c].resize(LANGUAGE_COUNT);
     }
     return result;
 }
@@ -363,8 +366,8 @@ int RecipeDB::findTable_Language_Partial(int group, DB_LANGUAGE_INDEX type, int 
     });
 }
 
-/// With an index on the table, or a view in its place, the order of the rows, and so which of several rows is the
-/// last, may depend on the statement.
+/// With an index on the table, or a view or a virtual table in its place, the order of the rows, and so which of
+/// several rows is the last, may depend on the statement.
 bool RecipeDB::titlesHaveIndex(int group)
 {
     return count(sqlText(COUNT_TITLE_INDEXES, group)) != 0;
@@ -379,8 +382,9 @@ void RecipeDB::readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<
     if (titles.isEmpty())
         return;
     if (titlesHaveIndex(group)) {
-        for (int k = 0; k < titles.size(); ++k)
-            readTitle(group, type, first + k, titles[k], cutShort);
+        const int end = rangeEnd(first, static_cast<int>(titles.size()));
+        for (int index = first; index < end; ++index)
+            readTitle(group, type, index, titles[index - first], cutShort);
         return;
     }
     const auto reader = [&](CSqliteInter& row) {

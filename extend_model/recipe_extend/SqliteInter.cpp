@@ -184,6 +184,14 @@ bool CSqliteInter::inTransaction() const
     return m_pSqlite && sqlite3_get_autocommit(m_pSqlite) == 0;
 }
 
+bool CSqliteInter::accepts(const char* sql) const
+{
+    sqlite3_stmt* statement = nullptr;
+    const int code = m_pSqlite ? sqlite3_prepare_v2(m_pSqlite, sql, -1, &statement, nullptr) : SQLITE_MISUSE;
+    sqlite3_finalize(statement);
+    return code == SQLITE_OK;
+}
+
 int CSqliteInter::queryStep()
 {
     if (!m_pStmt)

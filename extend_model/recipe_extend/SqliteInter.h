@@ -90,6 +90,9 @@ public:
     /// damaged file. queryStep's 0 alone does not tell such a failure from the end of the rows.
     bool readFailed() const { return m_readFailed; }
 
+    /// Whether SQLite would take the (first) statement. Runs and prints nothing; an open query stays open.
+    bool accepts(const char* sql) const;
+
 protected:
     sqlite3* m_pSqlite;    ///< null when not connected
     sqlite3_stmt* m_pStmt; ///< null when no query is open
