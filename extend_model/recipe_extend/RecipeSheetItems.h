@@ -270,6 +270,7 @@ private:
     // under dataMutex
     void loadNames(int kind, QVector<QVector<QString> >& names, bool& loaded);
     QString nameAt(const QVector<QVector<QString> >& names, int index, const char* placeholder) const;
+    bool hasData(int blockRow, int blockColumn) const;
     void loadBlock(int blockRow, int blockColumn, bool force);
     void showPendingEdits(DataBlock& block);
     void evictOldestBlock();

@@ -40,6 +40,11 @@ idx_t RecipeSheetItems::getBlockIndex(int row, int column) const
 bool RecipeSheetItems::isDataBlockLoaded(int blockRow, int blockColumn) const
 {
     QMutexLocker lock(&dataMutex);
+    return hasData(blockRow, blockColumn);
+}
+
+bool RecipeSheetItems::hasData(int blockRow, int blockColumn) const
+{
     const QMap<idx_t, DataBlock>::const_iterator block = blocks.constFind(idx_t(blockColumn, blockRow));
     return block != blocks.constEnd() && !block->loading;
 }
@@ -104,7 +109,7 @@ void RecipeSheetItems::checkAndLoadRequiredBlocks()
                                             lastNeeded(firstColumn, columnsPerPage, MARGIN_COLUMNS, recipeCount));
     for (int blockRow = topLeft.second; blockRow <= bottomRight.second; ++blockRow) {
         for (int blockColumn = topLeft.first; blockColumn <= bottomRight.first; ++blockColumn) {
-            if (!blocks.contains(idx_t(blockColumn, blockRow)))
+            if (!hasData(blockRow, blockColumn))
                 loadBlock(blockRow, blockColumn, false);
         }
     }

@@ -2,6 +2,7 @@
 #include "sheet_scroll.h"
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -11,7 +12,7 @@ const double SMALLEST_THUMB = 10.0;
 int linesPerJump(double length, int total)
 {
     const double lines = SMALLEST_THUMB / length;
-    if (!(lines >= 0.0) || lines > total)
+    if (!(lines >= 0.0) || lines > std::numeric_limits<int>::max())
         return total;
     return static_cast<int>(lines);
 }
