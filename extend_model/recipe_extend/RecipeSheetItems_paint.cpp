@@ -21,6 +21,18 @@ void fill(QPainter* painter, const QRectF& rect, const QColor& color)
     painter->drawRect(rect);
 }
 
+/// Longer than any panel is wide. Texts are centred and not clipped: of more than this only the middle could be seen,
+/// and a damaged file may hold a megabyte in one cell.
+const int LONGEST_DRAWN_TEXT = 2048;
+
+void drawCentered(QPainter* painter, const QRectF& rect, const QString& text)
+{
+    if (text.size() <= LONGEST_DRAWN_TEXT)
+        painter->drawText(rect, CENTERED, text);
+    else
+        painter->drawText(rect, CENTERED, text.mid((text.size() - LONGEST_DRAWN_TEXT) / 2, LONGEST_DRAWN_TEXT));
+}
+
 /// A pen from the configuration. A shape that is no pen style draws as a solid line.
 QPen linePen(const QColor& color, int width, int shape)
 {
@@ -89,9 +101,9 @@ void RecipeSheetItems::drawColumnTitles(QPainter* painter)
     painter->setFont(titleFont);
     painter->setPen(titleTextColor);
     for (int c = 0; c < visibleColumns; ++c)
-        painter->drawText(titleCellRect(c), CENTERED, getColumnName(firstColumn + c));
-    painter->drawText(numberHeaderRect(), CENTERED, QObject::tr("Number"));
-    painter->drawText(nameHeaderRect(), CENTERED, QObject::tr("Name"));
+        drawCentered(painter, titleCellRect(c), getColumnName(firstColumn + c));
+    drawCentered(painter, numberHeaderRect(), QObject::tr("Number"));
+    drawCentered(painter, nameHeaderRect(), QObject::tr("Name"));
 }
 
 /// Rows are numbered from 0, wanted: the numbers are those of the group's table.
@@ -101,8 +113,8 @@ void RecipeSheetItems::drawRowLabels(QPainter* painter)
     painter->setPen(tableTextColor);
     painter->setBrush(QBrush(titleBackgroundColor));
     for (int r = 0; r < visibleRows; ++r) {
-        painter->drawText(numberCellRect(r), CENTERED, QString::number(firstRow + r));
-        painter->drawText(nameCellRect(r), CENTERED, getRowName(firstRow + r));
+        drawCentered(painter, numberCellRect(r), QString::number(firstRow + r));
+        drawCentered(painter, nameCellRect(r), getRowName(firstRow + r));
     }
 }
 
@@ -113,7 +125,7 @@ void RecipeSheetItems::draw_text(QPainter* painter)
     QMutexLocker lock(&displayMutex);
     for (QMap<idx_t, cell_info_t>::const_iterator cell = displayCells.constBegin(); cell != displayCells.constEnd();
          ++cell)
-        painter->drawText(cell->rect, CENTERED, cell->text);
+        drawCentered(painter, cell->rect, cell->text);
 }
 
 void RecipeSheetItems::draw_click_rect(QPainter* painter)
@@ -132,7 +144,7 @@ void RecipeSheetItems::drawSelectedColumn(QPainter* painter)
         QMutexLocker lock(&displayMutex);
         const cell_info_t cell = displayCells.value(idx_t(selectedColumn, r));
         painter->fillRect(cell.rect, selectedRowColor);
-        painter->drawText(cell.rect, CENTERED, cell.text);
+        drawCentered(painter, cell.rect, cell.text);
     }
 }
 
@@ -145,7 +157,7 @@ void RecipeSheetItems::drawSelectedCell(QPainter* painter)
     if (selectedRow == TITLE_ROW) {
         const QRectF rect = titleCellRect(selectedColumn);
         painter->fillRect(rect, selectedCellColor);
-        painter->drawText(rect, CENTERED, getColumnName(firstColumn + selectedColumn));
+        drawCentered(painter, rect, getColumnName(firstColumn + selectedColumn));
         return;
     }
     QMutexLocker lock(&displayMutex);
@@ -153,7 +165,7 @@ void RecipeSheetItems::drawSelectedCell(QPainter* painter)
     if (cell == displayCells.constEnd())
         return;
     painter->fillRect(cell->rect, selectedCellColor);
-    painter->drawText(cell->rect, CENTERED, cell->text);
+    drawCentered(painter, cell->rect, cell->text);
 }
 
 void RecipeSheetItems::draw_scrollBar(QPainter* painter)
@@ -225,13 +237,13 @@ void RecipeSheetItems::drawButtons(QPainter* painter)
 {
     painter->setPen(QPen(Qt::black));
     fill(painter, saveButtonRect, saveButton.color);
-    painter->drawText(saveButtonRect, CENTERED, QObject::tr("Save"));
+    drawCentered(painter, saveButtonRect, QObject::tr("Save"));
     if (useAddDel == 0)
         return;
     fill(painter, addButtonRect, addButton.color);
     fill(painter, deleteButtonRect, deleteButton.color);
-    painter->drawText(addButtonRect, CENTERED, QObject::tr("Add"));
-    painter->drawText(deleteButtonRect, CENTERED, QObject::tr("Delete"));
+    drawCentered(painter, addButtonRect, QObject::tr("Add"));
+    drawCentered(painter, deleteButtonRect, QObject::tr("Delete"));
 }
 
 void RecipeSheetItems::text_info_update(int column, int row)
