@@ -36,7 +36,8 @@ public:
     QString text() const { return m_text; }
     /// Why the last key or the entry was refused, a sentence; empty when it was not.
     QString message() const;
-    /// Says that the panel is too small for keys of 9 mm; empty when it is not.
+    /// Says that the panel is too small for keys of 9 mm; empty when it is not. The operator sees it where there is
+    /// room; the panel's log may take it too.
     QString sizeRemark() const;
 
     /// As if `text` had been typed over the old one, then Accept. False: refused, and `message` says why.

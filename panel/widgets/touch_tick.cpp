@@ -9,7 +9,7 @@ namespace {
 const double DIAMETER_MILLIMETRES = 14.0; // seen around a fingertip
 const int RING_WIDTH = 4;                 // pixels
 const QColor RING(255, 120, 0, 230);
-const QColor OUTLINE(255, 255, 255, 200); // keeps the ring visible on every ground
+const QColor OUTLINE(255, 255, 255, 120); // keeps the ring visible on every ground
 
 } // namespace
 
