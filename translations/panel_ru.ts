@@ -29,11 +29,11 @@
     </message>
     <message>
         <source>Too small: the smallest value is %1.</source>
-        <translation>Слишком мало: наименьшее значение %1.</translation>
+        <translation>Слишком малое значение: минимум %1.</translation>
     </message>
     <message>
         <source>Too large: the largest value is %1.</source>
-        <translation>Слишком много: наибольшее значение %1.</translation>
+        <translation>Слишком большое значение: максимум %1.</translation>
     </message>
     <message>
         <source>Too long: the greatest length is %1.</source>
