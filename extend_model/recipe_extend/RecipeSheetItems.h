@@ -2,9 +2,9 @@
 //
 // Threads. Everything runs on the runtime's GUI thread, except onThreadFinished, which the worker calls.
 //   dataMutex     guards what the worker's completion changes: recipeCount, itemCount, columnNames, rowNames and their
-//                 flags, blocks, accessCounter, both scroll axes with columnStep and rowStep, editedCells. firstColumn,
-//                 firstRow and the configuration that the completion reads are written under it too; the GUI thread,
-//                 their only writer, reads them without.
+//                 flags, blocks, accessCounter, readsMissed, both scroll axes with columnStep and rowStep, editedCells.
+//                 firstColumn, firstRow and the configuration that the completion reads are written under it too; the
+//                 GUI thread, their only writer, reads them without.
 //   displayMutex  guards displayCells.
 // The two are never held together, and neither is held while the runtime is called: it may call back at once. Below
 // dataMutex only RecipeDB's own mutex is taken.
@@ -120,7 +120,9 @@ public:
     /// Block (column, row) that holds the cell; mind the order.
     idx_t getBlockIndex(int row, int column) const;
     bool isDataBlockLoaded(int blockRow, int blockColumn) const;
-    /// Loads a block; one that is there is read again only with `force`. A failed read leaves no entry.
+    /// Loads a block; one that is there is read again only with `force`. A failed read leaves no entry. While a job of
+    /// the worker uses the file nothing is read: a block that is there stays as it is, a missing one is entered as
+    /// "loading", and the end of the job, or the next look at the required blocks, reads them.
     void loadDataBlock(int blockRow, int blockColumn, bool force);
     /// Loads what the page and its margin need, then evicts at most one block.
     void checkAndLoadRequiredBlocks();
@@ -372,6 +374,7 @@ private:
     int maxBlocks;
     QMap<idx_t, DataBlock> blocks; // by (block column, block row)
     int accessCounter;
+    bool readsMissed;                       // blocks were wanted while a job used the file
     QVector<QVector<QString> > columnNames; // per recipe its title per language
     QVector<QVector<QString> > rowNames;    // per item
     bool columnNamesLoaded;

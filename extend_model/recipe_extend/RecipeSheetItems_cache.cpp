@@ -2,6 +2,7 @@
 #include "RecipeSheetItems.h"
 
 #include "RecipeDB.h"
+#include "RecipeSheetThread.h"
 #include "sheet_constants.h"
 
 #include <QMutexLocker>
@@ -72,6 +73,14 @@ void RecipeSheetItems::loadBlock(int blockRow, int blockColumn, bool force)
     if (block.rowStart > block.rowEnd || block.colStart > block.colEnd)
         return;
     block.loading = true;
+    if (RecipeSheetThread::usesFile()) {
+        readsMissed = true;
+        if (!blocks.contains(key)) {
+            block.lastAccess = ++accessCounter;
+            blocks[key] = block;
+        }
+        return;
+    }
     block.lastAccess = ++accessCounter;
     blocks[key] = block;
 
@@ -104,6 +113,8 @@ void RecipeSheetItems::showPendingEdits(DataBlock& block)
 void RecipeSheetItems::checkAndLoadRequiredBlocks()
 {
     QMutexLocker lock(&dataMutex);
+    if (readsMissed && !RecipeSheetThread::usesFile()) // the job that was in the way has failed
+        reloadCachedBlocks();
     const idx_t topLeft = getBlockIndex(firstRow, firstColumn);
     const idx_t bottomRight = getBlockIndex(lastNeeded(firstRow, rowsPerPage, MARGIN_ROWS, itemCount),
                                             lastNeeded(firstColumn, columnsPerPage, MARGIN_COLUMNS, recipeCount));
@@ -137,6 +148,7 @@ void RecipeSheetItems::evictOldestBlock()
 
 void RecipeSheetItems::reloadCachedBlocks()
 {
+    readsMissed = false;
     const QList<idx_t> keys = blocks.keys();
     for (int i = 0; i < keys.size(); ++i)
         loadBlock(keys.at(i).second, keys.at(i).first, true);

@@ -91,6 +91,7 @@ void RecipeSheetItems::keyboardReflash(const QString& text)
         takeTitle(text);
     else
         takeCell(text);
+    update(); // the operator sees at once what was typed
 }
 
 void RecipeSheetItems::takeTitle(const QString& text)
@@ -219,7 +220,7 @@ void RecipeSheetItems::startWorker(int operation)
     worker->callback = &RecipeSheetItems::replace;
     worker->op = operation;
     worker->available = true;
-    worker->start(QThread::InheritPriority);
+    worker->startJob();
 }
 
 void RecipeSheetItems::replace(bool ok, int columns, int rows)
@@ -242,6 +243,7 @@ void RecipeSheetItems::onThreadFinished(bool ok, int columns, int rows)
         columnNamesLoaded = true;
     const QList<idx_t> keys = blocks.keys();
     blocks.clear();
+    readsMissed = false;
     for (int i = 0; i < keys.size(); ++i)
         loadBlock(keys.at(i).second, keys.at(i).first, true);
 }

@@ -17,6 +17,7 @@ void postNotice(const QString& text)
 
 std::atomic<RecipeSheetThread*> RecipeSheetThread::instance(nullptr);
 QMutex RecipeSheetThread::mutex;
+std::atomic<bool> RecipeSheetThread::fileInUse(false);
 
 RecipeSheetThread* RecipeSheetThread::getInstance()
 {
@@ -43,16 +44,27 @@ RecipeSheetThread::RecipeSheetThread()
     : groupIndex(0), column(0), db(RecipeDB::getInstance()), callback(nullptr), op(OP_ADD), available(false)
 {}
 
+void RecipeSheetThread::startJob()
+{
+    fileInUse = true;
+    start(QThread::InheritPriority);
+    if (!isRunning()) // it could not be started, or is done already
+        fileInUse = false;
+}
+
 void RecipeSheetThread::run()
 {
     if (!available) {
+        fileInUse = false;
         postNotice(QObject::tr("error, not available"));
         return;
     }
+    const bool done = op == OP_ADD ? add() : op == OP_DELETE && del();
+    fileInUse = false; // a job that failed early
     if (op == OP_ADD)
-        postNotice(add() ? QObject::tr("add success") : QObject::tr("add error"));
+        postNotice(done ? QObject::tr("add success") : QObject::tr("add error"));
     else if (op == OP_DELETE)
-        postNotice(del() ? QObject::tr("del success") : QObject::tr("del error"));
+        postNotice(done ? QObject::tr("del success") : QObject::tr("del error"));
     // After an error too: the display always reads the file again.
     UHmiEvent::hmiEventPost(new UExternalFuncCallEvent(true, QString::fromLatin1("reload_recipe"), 2), nullptr);
 }
@@ -88,7 +100,9 @@ bool RecipeSheetThread::del()
 
 bool RecipeSheetThread::rewrite(const recipeTableInfo_t& group)
 {
-    if (db->createTable_Group(groupIndex, group) != 0)
+    const int result = db->createTable_Group(groupIndex, group);
+    fileInUse = false; // the result makes the sheet read the file
+    if (result != 0)
         return false;
     if (callback)
         callback(true, static_cast<int>(group.columnName.size()), static_cast<int>(group.items.size()));

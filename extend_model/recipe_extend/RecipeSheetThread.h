@@ -31,6 +31,13 @@ public:
     /// Destroys it. Neither stops a job nor waits for one: only while none runs.
     static void release();
 
+    /// Whether a job is reading or rewriting its group: from just before its start until the group stands in the file
+    /// again or has been left as it was. What is read meanwhile may be half a group, and reading may wait for as long
+    /// as the rewrite takes; so the GUI thread leaves the file alone. Cleared before the result is handed on.
+    static bool usesFile() { return fileInUse; }
+    /// Starts the job. Only while none runs.
+    void startJob();
+
     /// Copies the recipe `column` to the place behind it. False: the group could not be loaded or rewritten.
     bool add();
     /// Removes the recipe `column`.
@@ -53,6 +60,7 @@ private:
 
     static std::atomic<RecipeSheetThread*> instance;
     static QMutex mutex; // guards creation and release
+    static std::atomic<bool> fileInUse;
 };
 
 #endif
