@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QObject>
+#include <QPushButton>
 #include <QString>
 #include <QTimer>
 

@@ -5,3 +5,5 @@ sheet_test(NAME touch_test SOURCES touch_drag_test.cpp touch_press_test.cpp touc
 if("thread" IN_LIST RECIPE_SANITIZE)
     recipe_test(NAME tsan_qt_test SOURCES ../support/tsan_qt_test.cpp LABELS support)
 endif()
+sheet_test(NAME edit_test SOURCES edit_keyboard_test.cpp edit_save_test.cpp)
+sheet_test(NAME edit_add_delete_test SOURCES edit_add_delete_test.cpp worker_test.cpp)
