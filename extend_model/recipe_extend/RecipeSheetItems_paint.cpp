@@ -1,4 +1,5 @@
-// Drawing. HMIpaint is the table of contents; each part draws its own pens and brushes and relies on no other.
+// Drawing. HMIpaint is the table of contents. Pen and font pass from one part to the next where a part sets none: the
+// marked cells are written like all cells, the captions of the buttons in the cells' font.
 #include "RecipeSheetItems.h"
 
 #include "sheet_constants.h"
