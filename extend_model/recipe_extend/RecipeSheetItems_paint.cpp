@@ -22,8 +22,8 @@ void fill(QPainter* painter, const QRectF& rect, const QColor& color)
     painter->drawRect(rect);
 }
 
-/// Longer than any panel is wide. Texts are centred and not clipped: of more than this only the middle could be seen,
-/// and a damaged file may hold a megabyte in one cell.
+/// Longer than any panel is wide. Texts are centred and the painter shows what fits into the rectangle: of more than
+/// this only the middle could be seen, and a damaged file may hold a megabyte in one cell.
 const int LONGEST_DRAWN_TEXT = 2048;
 
 void drawCentered(QPainter* painter, const QRectF& rect, const QString& text)

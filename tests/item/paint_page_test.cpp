@@ -201,6 +201,32 @@ TEST_F(PaintedPage, GivesLongTextsWholeToThePainter)
     EXPECT_TRUE(seen);
 }
 
+// A damaged file may hold a megabyte in one cell.
+TEST_F(PaintedPage, GivesOnlyTheMiddleOfAnEndlessTextToThePainter)
+{
+    const QString endless =
+        QString(1000000, QLatin1Char('l')) + QLatin1String("middle") + QString(1000000, QLatin1Char('r'));
+    group = SheetGroup::ofSize(1, 1);
+    group.dataTypes = {DATA_TYPE_TEXT};
+    writeGroup(group);
+    RecipeSheetItems& sheet = startSheet(properties);
+    RecipeSheetProbe probe(sheet);
+    painted(sheet);
+    probe.displayCells()[idx_t(0, 0)].text = endless;
+    probe.selectedColumn() = probe.selectedRow() = 0;
+    int drawn = 0;
+    for (const PaintCall& call : paintedCalls(sheet)) {
+        ASSERT_LT(call.text.size(), 5000);
+        if (call.text.contains(latin("middle"))) {
+            ++drawn;
+            EXPECT_LE(qAbs(call.text.indexOf(latin("middle")) + 3 - call.text.size() / 2), 1);
+            EXPECT_NEAR(call.ink.center().y(), call.rect.center().y(), 0.5);
+            EXPECT_TRUE(call.isCut);
+        }
+    }
+    EXPECT_EQ(drawn, 3) << "cell, marked recipe, marked cell";
+}
+
 // --- fonts and colours -------------------------------------------------------------------------------------------
 
 TEST_F(PaintedPage, UsesTwoFontsAndTwoTextColours)
@@ -316,6 +342,11 @@ struct Shape
     int number;
     const char* style;
 };
+
+void PrintTo(const Shape& shape, std::ostream* out)
+{
+    *out << "shape " << shape.number << " as " << shape.style;
+}
 
 class PaintedPageWithPens : public PaintedPage, public testing::WithParamInterface<Shape>
 {
