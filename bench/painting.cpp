@@ -5,6 +5,8 @@
 #include "sheet.h"
 #include "table_view.h"
 
+#include "RecipeDB.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -15,11 +17,13 @@ Comparison firstPage(const BenchOptions& options, const GroupSize& size)
 {
     useFile(size);
     const auto screen = std::make_shared<QImage>(makeScreen(PAGE_SMALL));
+    const std::shared_ptr<object> properties = makeProperties(PAGE_SMALL, size.group);
     Comparison comparison;
     comparison.ours = [=] {
+        RecipeDB::getInstance()->CloseRecipeFile();
         std::unique_ptr<Sheet> sheet;
         return measure(Clock::Processor, [&] {
-            sheet = std::make_unique<Sheet>(PAGE_SMALL, size.group);
+            sheet = std::make_unique<Sheet>(PAGE_SMALL, properties.get());
             sheet->paint(*screen);
         });
     };

@@ -12,6 +12,17 @@ const int NUMBER_WIDTH = 50;
 const int BAR = 30; // thickness of both scroll bars, length of an arrow
 const int BUTTON_BAR = 40;
 
+void send(RecipeSheetItems& item, QEvent::Type type, const QPointF& position,
+          void (RecipeSheetItems::*handler)(QGraphicsSceneMouseEvent*))
+{
+    QGraphicsSceneMouseEvent event(type);
+    event.setPos(position);
+    event.setButton(Qt::LeftButton);
+    (item.*handler)(&event);
+}
+
+} // namespace
+
 std::unique_ptr<object> makeProperties(const PageShape& page, int group)
 {
     auto properties = std::make_unique<object>(QString::fromLatin1("RecipeSheet"));
@@ -45,17 +56,6 @@ std::unique_ptr<object> makeProperties(const PageShape& page, int group)
     return properties;
 }
 
-void send(RecipeSheetItems& item, QEvent::Type type, const QPointF& position,
-          void (RecipeSheetItems::*handler)(QGraphicsSceneMouseEvent*))
-{
-    QGraphicsSceneMouseEvent event(type);
-    event.setPos(position);
-    event.setButton(Qt::LeftButton);
-    (item.*handler)(&event);
-}
-
-} // namespace
-
 QImage makeScreen(const PageShape& page)
 {
     QImage screen(page.width, page.height, QImage::Format_RGB32);
@@ -63,10 +63,14 @@ QImage makeScreen(const PageShape& page)
     return screen;
 }
 
-Sheet::Sheet(const PageShape& page, int group)
-    : m_page(page), m_properties(makeProperties(page, group)), m_item(createItem())
+Sheet::Sheet(const PageShape& page, int group) : Sheet(page, makeProperties(page, group).release())
 {
-    Runtime::place(m_item.get(), m_properties.get());
+    m_owned.reset(m_properties);
+}
+
+Sheet::Sheet(const PageShape& page, object* properties) : m_page(page), m_properties(properties), m_item(createItem())
+{
+    Runtime::place(m_item.get(), m_properties);
     Runtime::instance().start(m_item.get());
 }
 
@@ -75,7 +79,7 @@ Sheet::~Sheet() = default;
 void Sheet::paint(QImage& screen)
 {
     QPainter painter(&screen);
-    m_item->HMIpaint(m_properties.get(), QString(), &painter, false);
+    m_item->HMIpaint(m_properties, QString(), &painter, false);
 }
 
 void Sheet::press(const QPointF& position)

@@ -25,14 +25,19 @@ struct PageShape
 const PageShape PAGE_SMALL = {800, 480, 10, 5, 40, 150, 16};
 const PageShape PAGE_DENSE = {1280, 800, 100, 50, 20, 100, 6};
 
+/// The property object of a sheet, as a project has it.
+std::unique_ptr<object> makeProperties(const PageShape& page, int group);
+
 /// A picture of the page's size in the format of a panel's screen.
 QImage makeScreen(const PageShape& page);
 
 class Sheet
 {
 public:
-    /// Creates the item, configures it and has it draw nothing yet. The recipe file of the panel is opened.
+    /// Creates the item and configures it; it has drawn nothing yet. The recipe file of the panel is opened.
     Sheet(const PageShape& page, int group);
+    /// The same with a property object that is there already, not owned.
+    Sheet(const PageShape& page, object* properties);
     Sheet(const Sheet&) = delete;
     Sheet& operator=(const Sheet&) = delete;
     ~Sheet();
@@ -53,7 +58,8 @@ public:
 
 private:
     const PageShape m_page;
-    std::unique_ptr<object> m_properties;
+    std::unique_ptr<object> m_owned;
+    object* m_properties;
     std::unique_ptr<RecipeSheetItems> m_item;
 };
 

@@ -142,9 +142,12 @@ private:
 
     int believedCount(int claimed, const SqlText& countSql);
     bool titlesHaveIndex(int group);
-    bool loadTitles(int group, recipeTableInfo_t& info);
+    int readConfig(int group, recipeTableInfo_t& info, int& itemCount, int& recipeCount, bool& found);
+    int readDisplayedValues(int group, int firstColumn, int columnCount, int firstRow, int rowCount,
+                            QVector<recipeItemInfo_t>& items);
+    bool readTitles(int group, int firstRow, int firstColumn, recipeTableInfo_t& info);
+    bool readTitlesOneByOne(int group, int firstRow, int firstColumn, recipeTableInfo_t& info);
     int readTitle(int group, DB_LANGUAGE_INDEX type, int strIndex, QVector<QString>& texts, bool* cutShort);
-    void readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<QVector<QString> >& titles, bool* cutShort);
 
     friend class RecipeDBProbe; // tests
 

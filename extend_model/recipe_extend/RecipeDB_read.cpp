@@ -8,6 +8,8 @@
 
 #include <QMutexLocker>
 
+#include <cmath>
+
 namespace {
 
 const char SELECT_CONFIG[] = "SELECT * FROM recipe_config WHERE group_index = %d;";
@@ -28,10 +30,14 @@ const char SELECT_TITLES[] = "SELECT L0, L1, L2, L3, L4, L5, L6, L7 FROM lang_%d
 const char SELECT_TITLE_RANGE[] = "SELECT L0, L1, L2, L3, L4, L5, L6, L7 FROM lang_%d "
                                   "WHERE type = '%d' AND strIndex >= '%d' AND strIndex < '%d';";
 
-// Titles of many rows in one pass. The index is compared as text, exactly as "strIndex = '%d'" does for each single
-// title: the concatenation gives the canonical decimal text and, unlike the bare CAST, has no affinity of its own.
-const char SELECT_INDEXED_TITLES[] = "SELECT CAST(strIndex AS INTEGER), L0, L1, L2, L3, L4, L5, L6, L7 "
-                                     "FROM lang_%d WHERE type = '%d' AND strIndex = CAST(strIndex AS INTEGER) || '';";
+// The group's title and those of ranges of items and recipes in one pass. The index is compared as text, exactly as
+// "strIndex = '%d'" does for each single title: the concatenation gives the canonical decimal text and, unlike the bare
+// CAST, has no affinity of its own.
+const char SELECT_TITLES_OF_RANGES[] =
+    "SELECT type = '1', type = '2', CAST(strIndex AS INTEGER), L0, L1, L2, L3, L4, L5, L6, L7 FROM lang_%d "
+    "WHERE (type = '1' AND CAST(strIndex AS INTEGER) >= %d AND CAST(strIndex AS INTEGER) < %d "
+    "OR type = '2' AND CAST(strIndex AS INTEGER) >= %d AND CAST(strIndex AS INTEGER) < %d "
+    "OR type = '0' AND strIndex = '0') AND strIndex = CAST(strIndex AS INTEGER) || '';";
 // All but a plain table: indexes on it, triggers, a view, a virtual table.
 const char COUNT_TITLE_INDEXES[] = "SELECT count(*) FROM sqlite_master WHERE tbl_name = 'lang_%d' COLLATE NOCASE "
                                    "AND (type <> 'table' OR rootpage = 0);";
@@ -97,6 +103,57 @@ QString displayedValue(const QString& value, int decimals)
     return fixedNotation(value.toDouble(), decimals);
 }
 
+// A stored number may be shown without the way over its text, which has 15 digits, as long as it has clearly fewer: an
+// error in the last of the 15 then cannot reach a digit that is shown.
+const double SCALES[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+const int MOST_SCALED_DECIMALS = 6;
+const double MOST_SCALED = 1e12;
+
+/// The number as a whole number of its last shown digit. False where the text of 15 digits has to decide: near the
+/// border between two results, for huge and tiny numbers, and where the sign of a zero would show.
+bool scaledNumber(double value, int decimals, qint64& result)
+{
+    if (decimals > MOST_SCALED_DECIMALS)
+        return false;
+    const double scaled = std::fabs(value) * SCALES[nonNegative(decimals)];
+    if (!(scaled < MOST_SCALED))
+        return false;
+    result = static_cast<qint64>(decimals < 1 ? scaled : scaled + 0.5);
+    const double rest = scaled - static_cast<double>(result);
+    if (decimals < 1 ? rest > 0.99 : std::fabs(rest) > 0.49)
+        return false;
+    return result != 0 || (!std::signbit(value) && (decimals > 0 || rest == 0.0));
+}
+
+/// Decimal digits with a point before the last `decimals`.
+QString pointedNumber(qint64 digits, bool negative, int decimals)
+{
+    QChar text[24];
+    QChar* const end = text + sizeof(text) / sizeof(text[0]);
+    QChar* begin = end;
+    for (int written = 0; written <= decimals || digits > 0; ++written) {
+        if (written > 0 && written == decimals)
+            *--begin = QLatin1Char('.');
+        *--begin = QLatin1Char(static_cast<char>('0' + digits % 10));
+        digits /= 10;
+    }
+    if (negative)
+        *--begin = QLatin1Char('-');
+    return QString(begin, static_cast<int>(end - begin));
+}
+
+/// `displayedValue` of a column.
+QString displayedCell(CSqliteInter& row, int column, int decimals)
+{
+    double number = 0;
+    qint64 digits = 0;
+    if (row.getStoredDouble(column, number) && scaledNumber(number, decimals, digits))
+        return pointedNumber(digits, number < 0, nonNegative(decimals));
+    QString text;
+    row.getFieldQStr(column, text);
+    return displayedValue(text, decimals);
+}
+
 } // namespace
 
 /// Runs the query under the mutex and hands each row to `reader`, which returns whether it wants more. `cutShort` tells
@@ -154,12 +211,10 @@ int RecipeDB::believedCount(int claimed, const SqlText& countSql)
     return qMin(claimed, nonNegative(count(countSql)));
 }
 
-int RecipeDB::findRecipeConfig(int group, recipeTableInfo_t& info)
+/// The configuration row, without room for what it counts.
+int RecipeDB::readConfig(int group, recipeTableInfo_t& info, int& itemCount, int& recipeCount, bool& found)
 {
-    bool found = false;
-    int itemCount = 0;
-    int recipeCount = 0;
-    const int result = query(sqlText(SELECT_CONFIG, group), [&](CSqliteInter& row) {
+    return query(sqlText(SELECT_CONFIG, group), [&](CSqliteInter& row) {
         QString address;
         row.getFieldInt(0, info.groupIndex);
         row.getFieldInt(1, itemCount);
@@ -177,6 +232,14 @@ int RecipeDB::findRecipeConfig(int group, recipeTableInfo_t& info)
         found = true;
         return false;
     });
+}
+
+int RecipeDB::findRecipeConfig(int group, recipeTableInfo_t& info)
+{
+    bool found = false;
+    int itemCount = 0;
+    int recipeCount = 0;
+    const int result = readConfig(group, info, itemCount, recipeCount, found);
     if (!found)
         return result;
     info.items.resize(believedCount(itemCount, sqlText(COUNT_ADDR, group)));
@@ -373,30 +436,51 @@ bool RecipeDB::titlesHaveIndex(int group)
     return count(sqlText(COUNT_TITLE_INDEXES, group)) != 0;
 }
 
-/// Titles [first, first + titles.size()), each as findTable_Language leaves it. A language table has no index, so a
-/// query per title walks the whole table each time; this walks it once.
-void RecipeDB::readTitles(int group, DB_LANGUAGE_INDEX type, int first, QVector<QVector<QString> >& titles,
-                          bool* cutShort)
+/// The titles of `info`, each as findTable_Language leaves it: the group's, those of its items from `firstRow` on and
+/// of its recipes from `firstColumn` on. A language table has no index, so a query per title walks the whole table each
+/// time; this walks it once. False: the file could not be read to the end; whoever writes the group back would write
+/// the rest of the titles away.
+bool RecipeDB::readTitles(int group, int firstRow, int firstColumn, recipeTableInfo_t& info)
 {
-    titles.fill(emptyTitles());
-    if (titles.isEmpty())
-        return;
-    if (titlesHaveIndex(group)) {
-        const int end = rangeEnd(first, static_cast<int>(titles.size()));
-        for (int index = first; index < end; ++index)
-            readTitle(group, type, index, titles[index - first], cutShort);
-        return;
-    }
+    info.groupName.resize(LANGUAGE_COUNT);
+    for (int k = 0; k < info.items.size(); ++k)
+        info.items[k].rowName = emptyTitles();
+    info.columnName.fill(emptyTitles());
+    if (titlesHaveIndex(group))
+        return readTitlesOneByOne(group, firstRow, firstColumn, info);
+
+    bool cutShort = false;
+    const SqlText sql =
+        sqlText(SELECT_TITLES_OF_RANGES, group, firstRow, rangeEnd(firstRow, static_cast<int>(info.items.size())),
+                firstColumn, rangeEnd(firstColumn, static_cast<int>(info.columnName.size())));
     const auto reader = [&](CSqliteInter& row) {
-        QString indexText;
-        row.getFieldQStr(0, indexText);
-        bool isInt = false;
-        const qint64 k = qint64(indexText.toInt(&isInt)) - first;
-        if (isInt && k >= 0 && k < titles.size())
-            takeTitle(row, 1, titles[static_cast<int>(k)]);
+        int isItem = 0;
+        int isRecipe = 0;
+        int index = 0;
+        row.getFieldInt(0, isItem);
+        row.getFieldInt(1, isRecipe);
+        row.getFieldInt(2, index);
+        QVector<QString>& title = isItem     ? info.items[index - firstRow].rowName
+                                  : isRecipe ? info.columnName[index - firstColumn]
+                                             : info.groupName;
+        takeTitle(row, 3, title);
         return true;
     };
-    query(sqlText(SELECT_INDEXED_TITLES, group, static_cast<int>(type)), reader, cutShort);
+    query(sql, reader, &cutShort);
+    return !cutShort;
+}
+
+bool RecipeDB::readTitlesOneByOne(int group, int firstRow, int firstColumn, recipeTableInfo_t& info)
+{
+    bool cutShort = false;
+    readTitle(group, DB_LANGUAGE_GROUP, 0, info.groupName, &cutShort);
+    const int rowEnd = rangeEnd(firstRow, static_cast<int>(info.items.size()));
+    for (int i = firstRow; i < rowEnd; ++i)
+        readTitle(group, DB_LANGUAGE_ROW, i, info.items[i - firstRow].rowName, &cutShort);
+    const int columnEnd = rangeEnd(firstColumn, static_cast<int>(info.columnName.size()));
+    for (int c = firstColumn; c < columnEnd; ++c)
+        readTitle(group, DB_LANGUAGE_COLUMN, c, info.columnName[c - firstColumn], &cutShort);
+    return !cutShort;
 }
 
 // --- whole groups ------------------------------------------------------------------------------------------------
@@ -406,25 +490,32 @@ int RecipeDB::loadTable_Group(int group, recipeTableInfo_t& info)
     info.clear();
     info.groupIndex = group;
     if (findRecipeConfig(group, info) != 0 || findTable_Addr_All(group, info) != 0
-        || findTable_Data_All(group, info) != 0 || !loadTitles(group, info)) {
+        || findTable_Data_All(group, info) != 0 || !readTitles(group, 0, 0, info)) {
         info.clear();
         return 1;
     }
     return 0;
 }
 
-/// All titles of a group. One that is not there stays empty. False: the file could not be read to the end; whoever
-/// writes the group back would write the rest of the titles away.
-bool RecipeDB::loadTitles(int group, recipeTableInfo_t& info)
+/// The values of a range, brought to the decimal digits of their items.
+int RecipeDB::readDisplayedValues(int group, int firstColumn, int columnCount, int firstRow, int rowCount,
+                                  QVector<recipeItemInfo_t>& items)
 {
-    bool cutShort = false;
-    readTitle(group, DB_LANGUAGE_GROUP, 0, info.groupName, &cutShort);
-    QVector<QVector<QString> > rowNames(info.items.size());
-    readTitles(group, DB_LANGUAGE_ROW, 0, rowNames, &cutShort);
-    for (int i = 0; i < info.items.size(); ++i)
-        info.items[i].rowName = rowNames.at(i);
-    readTitles(group, DB_LANGUAGE_COLUMN, 0, info.columnName, &cutShort);
-    return !cutShort;
+    columnCount = nonNegative(columnCount);
+    for (int k = 0; k < items.size(); ++k)
+        items[k].values.fill(displayedValue(QString(), items.at(k).decimalDigits), columnCount);
+    int r = 0;
+    const SqlText sql = sqlText(SELECT_DATA_RANGE, group, firstColumn, rangeEnd(firstColumn, columnCount));
+    return query(sql, [&](CSqliteInter& row) {
+        if (r >= columnCount)
+            return false;
+        const int end = qMin(rangeEnd(firstRow, rowCount), row.queryColumnCount() - 1);
+        const int begin = qMin(nonNegative(firstRow), end);
+        for (int k = 0; k < items.size() && begin + k < end; ++k) // item i stands in column i + 1
+            items[k].values[r] = displayedCell(row, begin + k + 1, items.at(k).decimalDigits);
+        ++r;
+        return true;
+    });
 }
 
 int RecipeDB::loadTable_Group_Partial(int group, int firstColumn, int columnCount, int firstRow, int rowCount,
@@ -432,31 +523,16 @@ int RecipeDB::loadTable_Group_Partial(int group, int firstColumn, int columnCoun
 {
     info.clear();
     info.groupIndex = group;
-    QList<QList<QString> > recipes;
-    if (findRecipeConfig(group, info) != 0 || findTable_Addr_Partial(group, firstRow, rowCount, info.items) != 0
-        || findTable_Data_Partial(group, firstColumn, columnCount, firstRow, rowCount, recipes) != 0) {
+    int itemCount = 0;
+    int recipeCount = 0;
+    bool found = false;
+    if (readConfig(group, info, itemCount, recipeCount, found) != 0
+        || findTable_Addr_Partial(group, firstRow, rowCount, info.items) != 0
+        || readDisplayedValues(group, firstColumn, columnCount, firstRow, rowCount, info.items) != 0) {
         info.clear();
         return 1;
     }
-
-    columnCount = nonNegative(columnCount);
-    for (int k = 0; k < info.items.size(); ++k) {
-        recipeItemInfo_t& item = info.items[k];
-        item.values.resize(columnCount);
-        for (int r = 0; r < columnCount && r < recipes.size(); ++r) {
-            if (k < recipes.at(r).size())
-                item.values[r] = recipes.at(r).at(k);
-        }
-        for (int r = 0; r < columnCount; ++r)
-            item.values[r] = displayedValue(item.values.at(r), item.decimalDigits);
-    }
-
-    findTable_Language(group, DB_LANGUAGE_GROUP, 0, info.groupName);
-    QVector<QVector<QString> > rowNames(info.items.size());
-    readTitles(group, DB_LANGUAGE_ROW, firstRow, rowNames, nullptr);
-    for (int k = 0; k < info.items.size(); ++k)
-        info.items[k].rowName = rowNames.at(k);
-    info.columnName.resize(columnCount);
-    readTitles(group, DB_LANGUAGE_COLUMN, firstColumn, info.columnName, nullptr);
+    info.columnName.resize(nonNegative(columnCount));
+    readTitles(group, firstRow, firstColumn, info); // a title that is not there stays empty
     return 0;
 }

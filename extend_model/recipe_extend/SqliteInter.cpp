@@ -184,6 +184,14 @@ bool CSqliteInter::inTransaction() const
     return m_pSqlite && sqlite3_get_autocommit(m_pSqlite) == 0;
 }
 
+int CSqliteInter::getStoredDouble(int col, double& out) const
+{
+    if (!m_pStmt || sqlite3_column_type(m_pStmt, col) != SQLITE_FLOAT)
+        return 0;
+    out = sqlite3_column_double(m_pStmt, col);
+    return 1;
+}
+
 bool CSqliteInter::accepts(const char* sql) const
 {
     sqlite3_stmt* statement = nullptr;

@@ -90,6 +90,10 @@ public:
     /// damaged file. queryStep's 0 alone does not tell such a failure from the end of the rows.
     bool readFailed() const { return m_readFailed; }
 
+    /// 1 with the number that the column of the current row holds; 0, with `out` as it was, where it is stored as
+    /// anything but a floating-point number or no query is open. Spares the way over the text.
+    int getStoredDouble(int col, double& out) const;
+
     /// Whether SQLite would take the (first) statement. Runs and prints nothing; an open query stays open.
     bool accepts(const char* sql) const;
 
