@@ -436,3 +436,19 @@ TEST_F(SelectCol, AfterDeletesFarToTheRightMayLeaveEmptyColumnsOnTheLeftAndDoesN
     click(sheet, rightArrow());
     EXPECT_EQ(probe.firstColumn(), -1);
 }
+
+TEST_F(SelectCol, LeavesTheOldPlaceTheSelectedOneForTheNextTap)
+{
+    // The rectangle is left as it is, wanted. A tap on it then edits the recipe that the register selected.
+    RecipeSheetItems& sheet = startSheet();
+    RecipeSheetProbe probe(sheet);
+    tap(sheet, cell(4, 8));
+    settle();
+    registers().setWord(latin1("LW"), 60803, 1);
+    settle();
+    ASSERT_EQ(probe.selectedColumn(), 1);
+    tap(sheet, cell(4, 8));
+    EXPECT_EQ(openKeyboards(), QStringList(latin1("showKeyboardWindow")));
+    EXPECT_EQ(probe.keyboard().currentText, latin1("8001"));
+    EXPECT_EQ(probe.selectedColumn(), 1);
+}

@@ -7,3 +7,7 @@ if("thread" IN_LIST RECIPE_SANITIZE)
 endif()
 sheet_test(NAME edit_test SOURCES edit_keyboard_test.cpp edit_save_test.cpp)
 sheet_test(NAME edit_add_delete_test SOURCES edit_add_delete_test.cpp worker_test.cpp)
+sheet_test(NAME edit_durability_test SOURCES edit_durability_test.cpp)
+# Has a runtime of its own for events and notifications.
+sheet_test(NAME edit_calls_back_test SOURCES edit_calls_back_test.cpp)
+sheet_test(NAME stress_random_day_test SOURCES stress_random_day_test.cpp)
