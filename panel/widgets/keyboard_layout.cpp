@@ -52,18 +52,26 @@ const QStringList SIGN_ROWS{QStringLiteral("1 2 3 4 5 6 7 8 9 0"), QStringLitera
                             QStringLiteral("( ) [ ] < > ! ? ° ~"), QStringLiteral(", ; : $ € ^ | \\ POINT BACK"),
                             QStringLiteral("CLEAR PAGE SPACE:4 CANCEL:2 OK:2")};
 
+const QStringList ACCENT_ROWS{QStringLiteral("1 2 3 4 5 6 7 8 9 0"), QStringLiteral("ä ö ü ß à á â ç è é"),
+                              QStringLiteral("ê ë ì í î ï ñ ò ó ô"), QStringLiteral("SHIFT ù ú û œ æ å ø POINT BACK"),
+                              QStringLiteral("CLEAR PAGE SPACE:4 CANCEL:2 OK:2")};
+
 const QStringList FLAT_LETTER_ROWS{QStringLiteral("q w e r t y u i o p - BACK"),
                                    QStringLiteral("a s d f g h j k l CLEAR CANCEL:2"),
                                    QStringLiteral("SHIFT z x c v b n m PAGE SPACE OK:2")};
 const QStringList FLAT_SIGN_ROWS{QStringLiteral("1 2 3 4 5 6 7 8 9 0 - BACK"),
                                  QStringLiteral("+ * / = % & # @ _ CLEAR CANCEL:2"),
                                  QStringLiteral("( ) , ; : ! ? POINT PAGE SPACE OK:2")};
+const QStringList FLAT_ACCENT_ROWS{QStringLiteral("ä ö ü ß à á â ç è é ê BACK"),
+                                   QStringLiteral("ë ì í î ï ñ ò ó ô CLEAR CANCEL:2"),
+                                   QStringLiteral("SHIFT ù ú û œ æ å ø PAGE SPACE OK:2")};
 
 /// In the order in which they are tried.
 QVector<Arrangement> arrangements(KeyboardForm form)
 {
     if (form == KeyboardForm::Text)
-        return {{Header::Wide, 10, {LETTER_ROWS, SIGN_ROWS}}, {Header::Strip, 12, {FLAT_LETTER_ROWS, FLAT_SIGN_ROWS}}};
+        return {{Header::Wide, 10, {LETTER_ROWS, SIGN_ROWS, ACCENT_ROWS}},
+                {Header::Strip, 12, {FLAT_LETTER_ROWS, FLAT_SIGN_ROWS, FLAT_ACCENT_ROWS}}};
     const QStringList& rows = form == KeyboardForm::DecimalNumber ? DECIMAL_NUMBER_ROWS : WHOLE_NUMBER_ROWS;
     return {{Header::Stacked, 5, {rows}}, {Header::Beside, 5, {rows}}};
 }

@@ -15,7 +15,7 @@ enum class KeyAction
     Backspace,
     Clear,
     Shift,
-    Page, ///< letters or signs
+    Page, ///< the next page
     Accept,
     Cancel
 };
@@ -50,7 +50,7 @@ struct KeyboardLayout
     QRect info;
     QRect message;      ///< the same as `info` where there is little room: the one takes the place of the other
     bool messageIsInfo; ///< that it is so
-    QVector<QVector<KeyboardKey>> pages; ///< the letters (or the digits) first; never empty
+    QVector<QVector<KeyboardKey>> pages; ///< letters, signs, accents; or digits alone
     bool coversCell;
     double keyMillimetres; ///< the smaller side of a plain key
     int textPixels;        ///< height of the font of subject, info and message

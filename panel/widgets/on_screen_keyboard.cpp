@@ -30,6 +30,9 @@ const double KEY_TEXT_SHARE = 0.45; // of the key's height
 const double KEY_CORNER = 4;
 const double SMALLEST_SUBJECT = 0.75; // share of its font's size before it is cut
 
+/// What the key says that leads from each page to the next.
+const QStringList NEXT_PAGES{QStringLiteral("?12"), QStringLiteral("äöü"), QStringLiteral("abc")};
+
 KeyboardForm formOf(const EntryRules& rules)
 {
     if (rules.text)
@@ -428,7 +431,7 @@ QString OnScreenKeyboard::label(const KeyboardKey& key) const
     case KeyAction::Clear:
         return tr("CLR", "key that clears the whole entry, three letters");
     case KeyAction::Page:
-        return m_page == 0 ? QStringLiteral("?12") : QStringLiteral("abc");
+        return NEXT_PAGES.value(m_page);
     case KeyAction::Accept:
         return tr("OK");
     case KeyAction::Cancel:

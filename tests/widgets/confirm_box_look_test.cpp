@@ -37,9 +37,10 @@ TEST_F(ConfirmBox, HasButtonsForFingersApartFromEachOther)
         box.show();
         const QRect yes = box.button(QMessageBox::Yes)->geometry();
         const QRect no = box.button(QMessageBox::No)->geometry();
+        const int margin = static_cast<int>(2.5 * dpi / 25.4); // belongs to the geometry, cannot be touched
         for (const QRect& button : {yes, no}) {
-            EXPECT_GE(button.width() * 25.4 / dpi, 20.0);
-            EXPECT_GE(button.height() * 25.4 / dpi, 12.0);
+            EXPECT_GE((button.width() - 2 * margin) * 25.4 / dpi, 20.0);
+            EXPECT_GE((button.height() - 2 * margin) * 25.4 / dpi, 12.0);
         }
         EXPECT_FALSE(yes.intersects(no));
         EXPECT_LE(box.width(), 800);

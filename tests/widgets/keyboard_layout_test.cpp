@@ -40,16 +40,20 @@ void expectSound(const KeyboardLayout& layout, const QRect& area)
     }
 }
 
-QString charactersOf(const KeyboardLayout& layout)
+QString charactersOf(const KeyboardLayout& layout, int page)
 {
     QString characters;
-    for (const QVector<KeyboardKey>& page : layout.pages) {
-        for (const KeyboardKey& key : page) {
-            if (key.action == KeyAction::Character)
-                characters += key.character;
-        }
+    for (const KeyboardKey& key : layout.pages.at(page)) {
+        if (key.action == KeyAction::Character)
+            characters += key.character;
     }
     return characters;
+}
+
+void expectCharacters(const KeyboardLayout& layout, int page, const QString& wanted)
+{
+    for (const QChar character : wanted)
+        EXPECT_EQ(charactersOf(layout, page).count(character), 1) << page << ": " << QString(character).toStdString();
 }
 
 bool has(const KeyboardLayout& layout, int page, KeyAction action)
@@ -189,8 +193,8 @@ TEST(KeyboardLayout, TakesADensityThatMakesNoSenseForADesks)
 TEST(KeyboardLayout, HasAPointOnlyWhereDecimalsAreWanted)
 {
     const KeyboardPlace place{LARGE_PANEL, QRect(), 96};
-    EXPECT_EQ(charactersOf(layOutKeyboard(KeyboardForm::WholeNumber, place)).toStdString(), "7894561230");
-    EXPECT_EQ(charactersOf(layOutKeyboard(KeyboardForm::DecimalNumber, place)).toStdString(), "7894561230.");
+    EXPECT_EQ(charactersOf(layOutKeyboard(KeyboardForm::WholeNumber, place), 0).toStdString(), "7894561230");
+    EXPECT_EQ(charactersOf(layOutKeyboard(KeyboardForm::DecimalNumber, place), 0).toStdString(), "7894561230.");
 }
 
 TEST(KeyboardLayout, HasEveryControlOnEveryPage)
@@ -209,16 +213,17 @@ TEST(KeyboardLayout, HasEveryControlOnEveryPage)
     }
 }
 
-TEST(KeyboardLayout, OffersLettersDigitsAndSpaceInBothTextForms)
+TEST(KeyboardLayout, OffersLettersSignsAndAccentsInBothTextForms)
 {
     const KeyboardPlace tall{LARGE_PANEL, QRect(), 96};
     const KeyboardPlace flat{SMALL_PANEL, QRect(350, 10, 90, 150), SMALL_DPI};
     EXPECT_FALSE(layOutKeyboard(KeyboardForm::Text, tall).messageIsInfo);
     EXPECT_TRUE(layOutKeyboard(KeyboardForm::Text, flat).messageIsInfo);
     for (const KeyboardPlace& place : {tall, flat}) {
-        const QString characters = charactersOf(layOutKeyboard(KeyboardForm::Text, place));
-        for (const QChar wanted : QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789 .-,/+()%"))
-            EXPECT_TRUE(characters.contains(wanted)) << wanted.toLatin1();
+        const KeyboardLayout layout = layOutKeyboard(KeyboardForm::Text, place);
+        expectCharacters(layout, 0, QStringLiteral("abcdefghijklmnopqrstuvwxyz -"));
+        expectCharacters(layout, 2, QStringLiteral("äöüßàáâçèéêëìíîïñòóôùúûœæåø "));
+        expectCharacters(layout, 1, QStringLiteral("0123456789 .-,:;/+*=()%&#@_!?"));
     }
 }
 

@@ -137,6 +137,34 @@ TEST_F(Notice, FloodKeepsTheNewest)
     EXPECT_EQ(visible(), "");
 }
 
+namespace {
+
+class CountingClock : public ManualClock
+{
+public:
+    void callLater(qint64 delay, QObject* context, std::function<void()> call) override
+    {
+        ++appointments;
+        ManualClock::callLater(delay, context, std::move(call));
+    }
+
+    int appointments = 0;
+};
+
+} // namespace
+
+TEST_F(Notice, AsksTheClockOnceForEachThatComesOrGoes)
+{
+    CountingClock counting;
+    Notices others(counting, QRect(0, 0, 800, 480), 133, &parent);
+    for (int i = 0; i < 10; ++i)
+        others.post(QString::number(i), 1000 + i);
+    while (counting.untilNext() >= 0)
+        counting.advance(counting.untilNext());
+    EXPECT_TRUE(others.isHidden());
+    EXPECT_LE(counting.appointments, 20);
+}
+
 TEST_F(Notice, OfTheSameScriptLooksTheSame)
 {
     post("add success", 2000);

@@ -248,15 +248,19 @@ TEST_F(Keyboard, ShiftsOneLetterOrLocks)
     EXPECT_EQ(text(), "AbCDe");
 }
 
-TEST_F(Keyboard, TurnsToSignsAndBack)
+TEST_F(Keyboard, TurnsToSignsToAccentsAndBack)
 {
     open(textRequest("", "32"));
     tap("a");
     tap(KeyAction::Page);
     tap("%");
     tap(KeyAction::Page);
+    tap("\u00f6");
+    tap(KeyAction::Shift);
+    tap("\u00e9");
+    tap(KeyAction::Page);
     tap("b ");
-    EXPECT_EQ(text(), "a%b ");
+    EXPECT_EQ(text(), "a%\u00f6\u00c9b ");
 }
 
 TEST_F(Keyboard, DoesNothingForAFingerThatSlidesOffItsKey)

@@ -159,6 +159,14 @@ TEST_F(RegisterTable, ShowsARegisterOnce)
     EXPECT_EQ(model.rowCount(), 3) << "the same address of another type is another register";
 }
 
+TEST_F(RegisterTable, NamesRegistersAsTheUserDoes)
+{
+    const int own = model.watch(LW, 100, QStringLiteral("Line speed"));
+    EXPECT_EQ(cell(own, RegisterModel::NAME), "Line speed");
+    const int other = model.watch(QStringLiteral("D"), 60803);
+    EXPECT_EQ(cell(other, RegisterModel::NAME), "") << "only the internal word is the selection";
+}
+
 TEST_F(RegisterTable, TakesNoRegisterThatCannotBe)
 {
     add("", 5);

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QStyleFactory>
+#include <QTest>
 
 #include <cstdio>
 
@@ -122,6 +123,8 @@ private:
         text.parameters.currentText = QStringLiteral("Rye bread");
         keyboard(ground, text, QString(), "keyboard_text");
         keyboard(ground, text, QString(40, QLatin1Char('x')), "keyboard_text_refused");
+        keyboard(ground, text, QString(), "keyboard_signs", 1);
+        keyboard(ground, text, QString(), "keyboard_accents", 2);
         text.cell = ground.cell(1, 4);
         keyboard(ground, text, QString(), "keyboard_text_middle");
         text.area = QRect(0, 0, 480, 272);
@@ -129,13 +132,26 @@ private:
         keyboard(ground, text, QString(), "keyboard_text_tiny");
     }
 
-    void keyboard(Ground& ground, const OnScreenKeyboard::Request& request, const QString& refused, const char* name)
+    void keyboard(Ground& ground, const OnScreenKeyboard::Request& request, const QString& refused, const char* name,
+                  int page = 0)
     {
         OnScreenKeyboard keyboard(request, &ground);
         keyboard.show();
+        while (keyboard.page() != page)
+            turnPage(keyboard);
         if (!refused.isEmpty())
             keyboard.acceptText(refused);
         save(ground, name);
+    }
+
+    static void turnPage(OnScreenKeyboard& keyboard)
+    {
+        for (const KeyboardKey& key : keyboard.arrangement().pages.at(keyboard.page())) {
+            if (key.action == KeyAction::Page) {
+                QTest::mouseClick(&keyboard, Qt::LeftButton, Qt::NoModifier, key.rect.center());
+                return;
+            }
+        }
     }
 
     void drawNotices()
