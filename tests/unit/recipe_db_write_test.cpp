@@ -346,12 +346,14 @@ TEST_F(RecipeDBWrite, FindsTheLargestGroup)
 
 TEST_F(RecipeDBWrite, LeavesTheLargestGroupAsItWasWhenTheQueryFails)
 {
-    openEmpty();
-    OutsideSqlite(path).exec("DROP TABLE recipe_config;");
+    OutsideSqlite(path).exec("CREATE TABLE other (a);");
+    ASSERT_EQ(db->OpenRecipeFile(path), 0);
     SqliteErrors errors;
     int largest = 17;
     EXPECT_EQ(db->findMaxID_Config(largest), 1);
     EXPECT_EQ(largest, 17);
+    EXPECT_EQ(errors.take(), "CSqliteInter::querySQL() ERROR\n sql=[SELECT MAX(group_index) AS group_index FROM "
+                             "recipe_config;]\n err=[]\n");
 }
 
 // --- items -------------------------------------------------------------------------------------------------------
