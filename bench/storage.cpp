@@ -69,8 +69,8 @@ Comparison rewriteGroup(const BenchOptions& options, const GroupSize& size)
     const QList<QByteArray> statements = recordStatements(recipePath(), rewrite);
     const auto bare = std::make_shared<BareSqlite>(makeCopy());
     Comparison comparison;
-    comparison.ours = [=] { return measure(Clock::Wall, rewrite); };
-    comparison.limit = [=] { return measure(Clock::Wall, [&] { bare->exec(statements); }); };
+    comparison.ours = [=] { return measure(Clock::Processor, rewrite); };
+    comparison.limit = [=] { return measure(Clock::Processor, [&] { bare->exec(statements); }); };
     comparison.limitAim = 1.3;
     comparison.rounds = rounds(options, isBig(size) ? 5 : 40);
     return comparison;

@@ -7,6 +7,7 @@
 #define SQL_TEXT_H
 
 #include <QByteArray>
+#include <QString>
 
 #include <cstdarg>
 #include <cstdio>
@@ -34,6 +35,23 @@ public:
 
     /// Adds text of any length as it stands.
     SqlText& addText(const char* text) { return append(text, false); }
+
+    /// Adds ",'<text>'". The text is ASCII and needs no escaping.
+    SqlText& addPlainValue(const QString& value)
+    {
+        if (m_cut)
+            return *this;
+        const int start = static_cast<int>(m_text.size());
+        const int length = static_cast<int>(value.size());
+        m_text.resize(start + length + 3);
+        char* out = m_text.data() + start;
+        *out++ = ',';
+        *out++ = '\'';
+        for (int i = 0; i < length; ++i)
+            *out++ = static_cast<char>(value.at(i).unicode());
+        *out = '\'';
+        return *this;
+    }
 
     const char* text() const { return m_text.constData(); }
 
