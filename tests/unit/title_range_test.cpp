@@ -44,11 +44,13 @@ protected:
     {
         recipeTableInfo_t whole;
         ASSERT_EQ(db->loadTable_Group(0, whole), 0) << story;
+        ASSERT_EQ(whole.groupName, oneByOne(DB_LANGUAGE_GROUP, 0, 1).at(0)) << story;
         ASSERT_EQ(rowNames(whole), oneByOne(DB_LANGUAGE_ROW, 0, ITEMS)) << story;
         ASSERT_EQ(whole.columnName, oneByOne(DB_LANGUAGE_COLUMN, 0, RECIPES)) << story;
 
         recipeTableInfo_t part;
         ASSERT_EQ(db->loadTable_Group_Partial(0, 2, 9, 3, 6, part), 0) << story;
+        ASSERT_EQ(part.groupName, whole.groupName) << story;
         ASSERT_EQ(rowNames(part), oneByOne(DB_LANGUAGE_ROW, 3, 6)) << story;
         ASSERT_EQ(part.columnName, oneByOne(DB_LANGUAGE_COLUMN, 2, 9)) << story;
 
@@ -110,7 +112,7 @@ public:
 
     std::string row(bool view)
     {
-        static const char* const KINDS[] = {"1", "2", "2", "1", "0", "'1'", "2.0", "NULL", "'2 '", "x'31'"};
+        static const char* const KINDS[] = {"1", "2", "2", "1", "0", "'1'", "2.0", "NULL", "'2 '", "x'31'", "'0'", "0"};
         std::string sql = "INSERT OR REPLACE INTO " + std::string(view ? "base" : "lang_0")
                           + "(type, strIndex, L0, L1, L2, L3, L4, L5, L6, L7) VALUES(" + one(KINDS) + ", " + index();
         for (int language = 0; language < 8; ++language)
