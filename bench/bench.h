@@ -29,7 +29,6 @@ int rounds(const BenchOptions& options, int wanted);
 void addStorageRows(const BenchOptions& options);
 void addPaintingRows(const BenchOptions& options);
 void addOperatingRows(const BenchOptions& options);
-/// Runs at once: memory is measured in processes of its own.
-void measureMemory(const BenchOptions& options);
+void addMemoryRows(const BenchOptions& options);
 
 #endif

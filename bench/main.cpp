@@ -74,16 +74,6 @@ bool takeOption(int& argc, char** argv, const char* name)
     return false;
 }
 
-/// Memory is no benchmark of the library's: a filter leaves it out.
-bool hasFilter(int argc, char** argv)
-{
-    for (int i = 1; i < argc; ++i) {
-        if (std::strncmp(argv[i], "--benchmark_filter", std::strlen("--benchmark_filter")) == 0)
-            return true;
-    }
-    return false;
-}
-
 bool canWrite()
 {
     const QFileInfo directory(QFileInfo(recipePath()).path());
@@ -110,7 +100,6 @@ int main(int argc, char** argv)
     options.memoryProgram =
         (QApplication::applicationDirPath() + QString::fromLatin1("/recipe_bench_memory")).toStdString();
 
-    const bool filtered = hasFilter(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv) || !canWrite())
         return 2;
@@ -118,9 +107,8 @@ int main(int argc, char** argv)
     addStorageRows(options);
     addPaintingRows(options);
     addOperatingRows(options);
+    addMemoryRows(options);
     benchmark::RunSpecifiedBenchmarks();
-    if (!filtered)
-        measureMemory(options);
     printTable();
     return 0;
 }

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QProcess>
 
+#include <benchmark/benchmark.h>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -46,26 +48,38 @@ Row makeRow(const char* what, const GroupSize& size, double aim, double ours, do
     return row;
 }
 
+void measure(const BenchOptions& options, const GroupSize& size)
+{
+    useFile(size);
+    const Figures empty = measureChild(options, "sheet", EMPTY_GROUP);
+    const Figures sheet = measureChild(options, "sheet", size.group);
+    const Figures bare = measureChild(options, "bare", size.group);
+    const Figures view = measureChild(options, "view", size.group);
+    const auto above = [&empty](const Figures& figures, const char* key, double unit) {
+        return (figures[key] - empty[key]) / unit;
+    };
+    addRow(makeRow("heap of the first page above the empty item", size, 1, above(sheet, "heap_peak", 1024),
+                   above(bare, "heap_peak", 1024), above(view, "heap_peak", 1024)));
+    addRow(makeRow("resident memory of the same", size, 0, above(sheet, "resident_peak", 1),
+                   above(bare, "resident_peak", 1), above(view, "resident_peak", 1)));
+    char text[160];
+    std::snprintf(text, sizeof(text), "one warm repaint, %s: %.0f allocations, %.1f KiB in all", size.name,
+                  sheet["repaint_allocations"], sheet["repaint_bytes"] / 1024);
+    addRemark(text);
+}
+
 } // namespace
 
-void measureMemory(const BenchOptions& options)
+void addMemoryRows(const BenchOptions& options)
 {
     for (const GroupSize& size : options.sizes) {
-        useFile(size);
-        const Figures empty = measureChild(options, "sheet", EMPTY_GROUP);
-        const Figures sheet = measureChild(options, "sheet", size.group);
-        const Figures bare = measureChild(options, "bare", size.group);
-        const Figures view = measureChild(options, "view", size.group);
-        const auto above = [&empty](const Figures& figures, const char* key, double unit) {
-            return (figures[key] - empty[key]) / unit;
+        const auto run = [=](benchmark::State& state) {
+            for (auto iteration : state) {
+                (void)iteration;
+                measure(options, size);
+            }
         };
-        addRow(makeRow("heap of the first page above the empty item", size, 1, above(sheet, "heap_peak", 1024),
-                       above(bare, "heap_peak", 1024), above(view, "heap_peak", 1024)));
-        addRow(makeRow("resident memory of the same", size, 0, above(sheet, "resident_peak", 1),
-                       above(bare, "resident_peak", 1), above(view, "resident_peak", 1)));
-        char text[160];
-        std::snprintf(text, sizeof(text), "one warm repaint, %s: %.0f allocations, %.1f KiB in all", size.name,
-                      sheet["repaint_allocations"], sheet["repaint_bytes"] / 1024);
-        addRemark(text);
+        benchmark::RegisterBenchmark((std::string("memory of the first page/") + size.name).c_str(), run)
+            ->Iterations(1);
     }
 }

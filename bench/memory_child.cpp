@@ -2,8 +2,8 @@
 //
 //   recipe_bench_memory sheet|bare|view GROUP
 //
-// "bare" is an item on the empty group, and beside it the texts of one block and all titles, read with the bare SQLite
-// interface into plain lists. The recipe file must be there.
+// "bare" is an item on the empty group, and beside it all titles and one block (its items and its values), read with
+// the bare SQLite interface into plain lists of texts. The recipe file must be there.
 #include "bare_sqlite.h"
 #include "groups.h"
 #include "heap.h"
@@ -50,8 +50,9 @@ void resetResidentPeak()
 
 struct PlainTexts
 {
-    QVector<QVector<QString> > block;
     QVector<QVector<QString> > titles;
+    QVector<QVector<QString> > items; ///< of the block
+    QVector<QVector<QString> > block;
 };
 
 PlainTexts readPlainTexts(int group)
@@ -59,8 +60,9 @@ PlainTexts readPlainTexts(int group)
     PlainTexts texts;
     BareSqlite bare(getRcpFilePath(nullptr));
     const QByteArray g = QByteArray::number(group);
-    texts.block = bare.read("SELECT * FROM data_" + g + " WHERE column >= '0' AND column < '50';", 1, 100);
     texts.titles = bare.read("SELECT * FROM lang_" + g + " WHERE type > 0;", 2);
+    texts.items = bare.read("SELECT * FROM addr_" + g + " WHERE row_index < '100';");
+    texts.block = bare.read("SELECT * FROM data_" + g + " WHERE column >= '0' AND column < '50';", 1, 100);
     return texts;
 }
 
