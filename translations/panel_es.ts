@@ -130,6 +130,10 @@
         <translation>No se puede escribir en %1 %2.</translation>
     </message>
     <message>
+        <source>Registers</source>
+        <translation>Registros</translation>
+    </message>
+    <message>
         <source>Watch</source>
         <translation>Observar</translation>
     </message>

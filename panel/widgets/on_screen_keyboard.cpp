@@ -1,7 +1,5 @@
 #include "on_screen_keyboard.h"
 
-#include "panel_size.h"
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>

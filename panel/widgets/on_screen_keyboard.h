@@ -9,6 +9,7 @@
 
 #include "entry_check.h"
 #include "keyboard_layout.h"
+#include "panel_size.h"
 
 #include "InterfaceAll.h"
 
@@ -24,7 +25,7 @@ public:
         QString subject;               ///< what is edited, for the operator; empty: a general word
         QRect cell;                    ///< the edited cell, in the parent's frame; may be empty
         QRect area;                    ///< the panel, in the parent's frame
-        double dpi;                    ///< of the panel
+        double dpi = DESK_DPI;         ///< of the panel
     };
 
     /// Starts with the old text, marked: the first key replaces it. Call `show` next.
