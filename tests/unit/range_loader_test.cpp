@@ -252,15 +252,13 @@ TEST_F(RangeLoader, FormatsByTypeAndDigits)
         int decimals;
         const char* transferred;
     };
+    // Numbers are truncated behind the last digit, floats (type 6) rounded. Without decimals every number is rounded.
+    // The digit that is printed more is rounded before it is dropped: 0.999 becomes 1.00 and then 1.0.
     const Row rows[] = {
-        {1, "1.239", 2, "1.23"}, // truncated
-        {6, "1.239", 2, "1.24"}, // a float is rounded
-        {0, "12.7", 0, "13"},    // without decimals every number is rounded
-        {6, "12.7", 0, "13"},    {6, "12.7", -1, "13"}, {0, "12.7", -3, "13"},    {1, "-1.239", 2, "-1.23"},
-        {2, "3", 2, "3.00"},     {5, "0.99", 1, "0.9"}, {5, "0.999", 1, "1.0"}, // the digit more is rounded before it
-                                                                                // is dropped {6, "0.999", 1, "1.0"},
-                                                                                // {7, "a.b", 0, "a.b"},
-        {7, "a.b", 2, "a.b"},    {7, "", 3, ""},        {0, "65535", 0, "65535"},
+        {1, "1.239", 2, "1.23"}, {6, "1.239", 2, "1.24"}, {0, "12.7", 0, "13"},      {6, "12.7", 0, "13"},
+        {6, "12.7", -1, "13"},   {0, "12.7", -3, "13"},   {1, "-1.239", 2, "-1.23"}, {2, "3", 2, "3.00"},
+        {5, "0.99", 1, "0.9"},   {5, "0.999", 1, "1.0"},  {6, "0.999", 1, "1.0"},    {7, "a.b", 0, "a.b"},
+        {7, "a.b", 2, "a.b"},    {7, "", 3, ""},          {0, "65535", 0, "65535"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(transferred(row.dataType, row.stored, row.decimals).toStdString(), row.transferred)
