@@ -1,6 +1,9 @@
 // Which property is read from where, and what it is when it is missing.
 #include "sheet_fixture.h"
 
+#include <QImage>
+#include <QPainter>
+
 #include <functional>
 #include <vector>
 
@@ -139,6 +142,32 @@ TEST_F(SheetProperty, HasItsDefaultWhereItIsOfAnotherType)
 TEST_F(SheetProperty, IsOneOfTwentyEight)
 {
     EXPECT_EQ(table().size(), 28u);
+}
+
+/// Nothing says that an editor of projects keeps to numbers that make sense.
+TEST_F(SheetProperty, MayBeAnyNumber)
+{
+    writeGroup(SheetGroup::ofSize(250, 120));
+    for (const int absurd : {2147483647, -2147483647 - 1, -1, 100000}) {
+        for (const Row& row : table()) {
+            if (row.defaultValue.type() != QVariant::Int || qstrcmp(row.key, "Recipe_Group_idx") == 0)
+                continue;
+            SCOPED_TRACE(testing::Message() << row.key << " = " << absurd);
+            SheetProperties properties = SheetProperties::usual();
+            if (row.source == ITEM)
+                properties.set(row.key, absurd);
+            else
+                properties.setLanguage(1, row.key, absurd);
+            RecipeSheetItems& sheet = startSheet(properties);
+            QImage image(800, 480, QImage::Format_ARGB32_Premultiplied);
+            QPainter painter(&image);
+            sheet.HMIpaint(nullptr, QString(), &painter, false);
+            tap(sheet, QPointF(400, 200));
+            tap(sheet, QPointF(785, 395));
+            painter.end();
+            destroySheet(sheet);
+        }
+    }
 }
 
 // --- languages ---------------------------------------------------------------------------------------------------

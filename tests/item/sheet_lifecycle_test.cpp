@@ -4,6 +4,8 @@
 #include "sqlite_errors.h"
 
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -157,6 +159,28 @@ TEST_F(SheetConstruction, OpensAndCreatesNothingWhereThereIsNoFile)
     construct();
     EXPECT_FALSE(RecipeDB::getInstance()->isOpen());
     EXPECT_FALSE(QFile::exists(recipeFile()));
+}
+
+/// A runtime may draw, touch and tell an item that it could not configure.
+TEST_F(SheetConstruction, MakesAnItemThatMayBeUsedBeforeItsStart)
+{
+    writeGroup(SheetGroup());
+    openProject();
+    RecipeSheetItems& sheet = construct();
+    RecipeSheetProbe probe(sheet);
+    QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    sheet.HMIpaint(nullptr, QString(), &painter, false);
+    tap(sheet, QPointF(0, 0));
+    move(sheet, QPointF(50, 50));
+    EXPECT_EQ(sheet.update_result(4), 1);
+    sheet.selectCol(0);
+    sheet.keyboardReflash(QString());
+    sheet.HMIpaint(nullptr, QString(), &painter, false);
+    EXPECT_EQ(probe.firstRow(), 0);
+    EXPECT_EQ(probe.firstColumn(), 0);
+    EXPECT_EQ(probe.worker(), nullptr);
 }
 
 // --- start -------------------------------------------------------------------------------------------------------
