@@ -52,7 +52,7 @@ private:
     void createItems(object* tree);
     bool createItem(const ProjectItem& described, object* properties, const PluginLibrary& plugin);
 
-    std::vector<std::unique_ptr<PluginLibrary> > m_plugins;
+    std::vector<std::unique_ptr<PluginLibrary>> m_plugins;
     ProjectFile m_project;
     QGraphicsScene m_scene;
     std::vector<Item> m_items;

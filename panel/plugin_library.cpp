@@ -52,7 +52,20 @@ PluginLibrary* PluginLibrary::load(const QString& fileName, QString& problem)
                       .arg(fileName, lastError(path));
         return nullptr;
     }
-    return library->findEntryPoints(problem) ? library.release() : nullptr;
+    if (!library->findEntryPoints(problem))
+        return nullptr;
+    library->findDescription();
+    return library.release();
+}
+
+void PluginLibrary::findDescription()
+{
+    m_describeItem = find<DescribeItem>(m_handle, DESCRIBE_ITEM);
+    if (m_describeItem)
+        return;
+    const QByteArray beside = besideLibrary(".inspect.so").toLocal8Bit();
+    if (void* inspector = dlopen(beside.constData(), RTLD_NOW | RTLD_LOCAL))
+        m_describeItem = find<DescribeItem>(inspector, DESCRIBE_ITEM);
 }
 
 bool PluginLibrary::findEntryPoints(QString& problem)
@@ -60,7 +73,6 @@ bool PluginLibrary::findEntryPoints(QString& problem)
     const auto getItemName = find<GetItemName>(m_handle, GET_ITEM_NAME);
     m_createItem = find<CreateItem>(m_handle, CREATE_ITEM);
     m_createObject = find<CreateObject>(m_handle, CREATE_OBJECT);
-    m_describeItem = find<DescribeItem>(m_handle, DESCRIBE_ITEM);
 
     QStringList missing;
     if (!getItemName)
@@ -85,7 +97,12 @@ bool PluginLibrary::findEntryPoints(QString& problem)
 
 QString PluginLibrary::propertiesFileName() const
 {
-    return QFileInfo(m_fileName).dir().filePath(m_typeName + text(".properties.json"));
+    return besideLibrary(".properties.json");
+}
+
+QString PluginLibrary::besideLibrary(const char* suffix) const
+{
+    return QFileInfo(m_fileName).absoluteDir().filePath(m_typeName + text(suffix));
 }
 
 QByteArray PluginLibrary::describe(const HMIBaseItem* item) const

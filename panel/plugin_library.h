@@ -25,12 +25,15 @@ public:
     HMIBaseItem* createItem() const { return m_createItem(); }
     /// A property object for an item; the runtime adopts it.
     object* createObject(const QString& objectName) const { return m_createObject(m_typeName, objectName); }
-    /// What an item shows, as JSON text (docs/panel.md). Empty where the plug-in does not tell.
+    /// What an item shows, as JSON text. Empty where nobody tells: describeItem(const HMIBaseItem*) is an optional
+    /// entry point of the plug-in or of the library "<type>.inspect.so" beside it.
     QByteArray describe(const HMIBaseItem* item) const;
 
 private:
     PluginLibrary() = default;
     bool findEntryPoints(QString& problem);
+    void findDescription();
+    QString besideLibrary(const char* suffix) const;
 
     using GetItemName = QString (*)();
     using CreateItem = HMIBaseItem* (*)();

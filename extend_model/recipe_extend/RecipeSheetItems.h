@@ -179,7 +179,8 @@ public:
     void onThreadFinished(bool ok, int columns, int rows);
 
 private:
-    friend class RecipeSheetProbe; // tests
+    friend class RecipeSheetProbe;     // tests
+    friend class RecipeSheetInspector; // tells a desk what the sheet shows
 
     /// One button, arrow or thumb: what it looks like and whether it is held.
     struct Handle
