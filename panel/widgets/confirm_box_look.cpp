@@ -11,7 +11,6 @@ const double TEXT_HEIGHT = 4.5;
 const double BUTTON_WIDTH = 26.0;
 const double BUTTON_HEIGHT = 14.0;
 const double BUTTON_DISTANCE = 2.5; // on each side
-const double TEXT_WIDTH = 70.0;
 const double PADDING = 3.0;
 
 const char BEGIN[] = "/* message boxes: begin */";
@@ -33,14 +32,13 @@ QString confirmBoxStyleSheet(double dpi)
 {
     return QStringLiteral("QMessageBox { background: #f2f4f6; }\n"
                           "QMessageBox QLabel { font-size: %1px; color: #101418; }\n"
-                          "QMessageBox QLabel#qt_msgbox_label { min-width: %2px; padding: %3px; }\n"
+                          "QMessageBox QLabel#qt_msgbox_label { padding: %2px; }\n"
                           "QMessageBox QPushButton { font-size: %1px; font-weight: bold; color: #101418;"
                           " background: #d3d9df; border: 2px solid #6b7783; border-radius: 6px;"
-                          " min-width: %4px; min-height: %5px; margin: %6px; padding: 0px %3px; }\n"
+                          " min-width: %3px; min-height: %4px; margin: %5px; padding: 0px %2px; }\n"
                           "QMessageBox QPushButton:default { border: 4px solid #1f5fa8; }\n"
                           "QMessageBox QPushButton:pressed { background: #9fb4c9; }\n")
         .arg(pixelsFor(TEXT_HEIGHT, dpi))
-        .arg(pixelsFor(TEXT_WIDTH, dpi))
         .arg(pixelsFor(PADDING, dpi))
         .arg(pixelsFor(BUTTON_WIDTH, dpi))
         .arg(pixelsFor(BUTTON_HEIGHT, dpi))

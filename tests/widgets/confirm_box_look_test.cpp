@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -46,6 +47,20 @@ TEST_F(ConfirmBox, HasButtonsForFingersApartFromEachOther)
         EXPECT_LE(box.width(), 800);
         EXPECT_LE(box.height(), 480);
     }
+}
+
+/// A least width in the style sheet once hid the text's own width from the box, and the end of the text was cut off.
+TEST_F(ConfirmBox, ShowsItsWholeText)
+{
+    adaptConfirmBoxes(*qApp, 110);
+    QMessageBox box;
+    prepare(box);
+    box.show();
+    const QLabel* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    ASSERT_NE(label, nullptr);
+    if (!label->wordWrap())
+        EXPECT_GE(label->width(), label->sizeHint().width());
+    EXPECT_GE(label->height(), label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height());
 }
 
 TEST_F(ConfirmBox, AnswersTheTouchOfItsButtons)
