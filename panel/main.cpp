@@ -1,13 +1,10 @@
 // recipe-panel: a touch panel on the desk.
-#include "panel.h"
-#include "panel_view.h"
+#include "panel_program.h"
+#include "project_file.h"
+#include "script.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QFontDatabase>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QFile>
 
 #include <CLI/CLI.hpp>
 
@@ -17,96 +14,79 @@
 
 namespace {
 
-constexpr int EXIT_FAULTY = 2; // the command line or the project
-constexpr int EXIT_FAILED = 1;
-
-struct Options
+/// The options as they come from the command line.
+struct Arguments
 {
     std::string project;
     std::vector<std::string> plugins;
     std::string screenshot;
+    std::string script;
+    std::string log;
+    std::string output = ".";
+    std::string resume;
     int language = 0;
+    bool window = false;
 };
+
+void declare(CLI::App& app, Arguments& arguments)
+{
+    app.add_option("project", arguments.project, "The project file (JSON)")->required()->type_name("PROJECT.json");
+    app.add_option("--plugin", arguments.plugins,
+                   "A plug-in library, may be given several times; the default is libRecipeSheet.so of this build")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    app.add_option("--language", arguments.language, "Language instead of the project's")
+        ->check(CLI::Range(1, ProjectFile::LANGUAGES));
+    CLI::Option* screenshot =
+        app.add_option("--screenshot", arguments.screenshot, "Write a picture of the panel without a display, and exit")
+            ->type_name("FILE.png");
+    CLI::Option* script = app.add_option("--script", arguments.script,
+                                         "Play a script without a display, and exit; - reads standard input")
+                              ->type_name("FILE")
+                              ->excludes(screenshot);
+    app.add_flag("--window", arguments.window, "Show the window while the script plays")->needs(script);
+    app.add_option("--output", arguments.output, "Folder for the files that the script writes")
+        ->type_name("DIR")
+        ->needs(script);
+    app.add_option("--log", arguments.log, "Write what happens as JSON lines; - is standard output")->type_name("FILE");
+    app.add_option("--resume", arguments.resume)->group(""); // the program's own, after a restart
+    app.add_flag_callback(
+        "--script-help",
+        [] {
+            std::printf("%s", Script::help().toLocal8Bit().constData());
+            throw CLI::Success();
+        },
+        "Tell the commands of scripts");
+}
 
 QString path(const std::string& argument)
 {
     return QFile::decodeName(argument.c_str());
 }
 
-void tell(const QString& sentence)
+PanelOptions optionsOf(const Arguments& arguments)
 {
-    std::fprintf(stderr, "%s\n", sentence.toLocal8Bit().constData());
+    PanelOptions options;
+    options.project = path(arguments.project);
+    for (const std::string& plugin : arguments.plugins)
+        options.plugins.append(path(plugin));
+    options.screenshot = path(arguments.screenshot);
+    options.script = path(arguments.script);
+    options.log = path(arguments.log);
+    options.output = path(arguments.output);
+    options.resume = path(arguments.resume);
+    options.language = arguments.language;
+    options.window = arguments.window;
+    return options;
 }
 
-void declare(CLI::App& app, Options& options)
+/// Without a display Qt tells what it cannot do there; that is nobody's business.
+void dropHeadlessRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    app.add_option("project", options.project, "The project file (JSON)")->required()->type_name("PROJECT.json");
-    app.add_option("--plugin", options.plugins, "A plug-in library; the default is libRecipeSheet.so of this build")
-        ->type_name("FILE");
-    app.add_option("--screenshot", options.screenshot, "Write a picture of the panel without a display, and exit")
-        ->type_name("FILE.png");
-    app.add_option("--language", options.language, "Language of the items instead of the project's")
-        ->check(CLI::Range(1, ProjectFile::LANGUAGES));
-}
-
-/// The library of the build that this program belongs to.
-QString defaultPlugin()
-{
-    const QDir here(QCoreApplication::applicationDirPath());
-    const QString beside = here.filePath(QString::fromLatin1("libRecipeSheet.so"));
-    return QFileInfo::exists(beside) ? beside
-                                     : QDir::cleanPath(here.filePath(QString::fromLatin1("../lib/libRecipeSheet.so")));
-}
-
-/// The same looks on every desk: no scaling, one style, one font.
-void pinLooks()
-{
-    QApplication::setStyle(QStyleFactory::create(QString::fromLatin1("Fusion")));
-    QApplication::setPalette(QApplication::style()->standardPalette());
-    QFont font(QString::fromLatin1("DejaVu Sans"));
-    font.setPixelSize(15);
-    QApplication::setFont(font);
-}
-
-int tellProblems(const Panel& panel)
-{
-    for (const QString& problem : panel.problems())
-        tell(problem);
-    return EXIT_FAULTY;
-}
-
-int takeScreenshot(Panel& panel, const QString& fileName)
-{
-    Panel::settle();
-    PanelView view(&panel.scene());
-    if (view.picture().save(fileName, "PNG"))
-        return 0;
-    tell(
-        QString::fromLatin1("%1: the picture cannot be written; name a file in a folder that is yours.").arg(fileName));
-    return EXIT_FAILED;
-}
-
-int showWindow(Panel& panel, const QString& project)
-{
-    PanelView view(&panel.scene());
-    view.setWindowTitle(QFileInfo(project).fileName());
-    view.show();
-    return QApplication::exec();
-}
-
-int run(const Options& options)
-{
-    Panel panel;
-    if (options.plugins.empty())
-        panel.loadPlugin(defaultPlugin());
-    for (const std::string& plugin : options.plugins)
-        panel.loadPlugin(path(plugin));
-    const bool opened = panel.open(path(options.project), options.language);
-    tellProblems(panel);
-    if (!opened)
-        return EXIT_FAULTY;
-    return options.screenshot.empty() ? showWindow(panel, path(options.project))
-                                      : takeScreenshot(panel, path(options.screenshot));
+    Q_UNUSED(type)
+    Q_UNUSED(context)
+    if (!message.contains(QLatin1String("propagateSizeHints()")) && !message.contains(QLatin1String("XDG_RUNTIME_DIR")))
+        std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
 }
 
 } // namespace
@@ -114,18 +94,20 @@ int run(const Options& options)
 int main(int argc, char** argv)
 {
     CLI::App app("A touch panel on the desk: loads plug-ins, opens a project and shows its items.", "recipe-panel");
-    Options options;
-    declare(app, options);
+    Arguments arguments;
+    declare(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : EXIT_FAULTY;
     }
-    if (!options.screenshot.empty())
+    const PanelOptions options = optionsOf(arguments);
+    if (!options.onDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(dropHeadlessRemarks);
+    }
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
     int own = 1; // the rest is ours; Qt has an option "plugin" too
     QApplication application(own, argv);
-    pinLooks();
-    return run(options);
+    return runPanel(options);
 }

@@ -1,0 +1,24 @@
+// The window on a desk: the panel's glass and, beside it, its registers. GUI thread only.
+#ifndef PANEL_WINDOW_H
+#define PANEL_WINDOW_H
+
+#include "panel_session.h"
+
+#include <QMainWindow>
+
+class PanelWindow : public QMainWindow
+{
+public:
+    /// Borrows the screen; its destructor gives it back. All must outlive this.
+    PanelWindow(PanelScreen& screen, PanelSession& session, PanelClock& clock);
+    ~PanelWindow() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override; // not while a job runs
+
+private:
+    PanelScreen& m_screen;
+    PanelSession& m_session;
+};
+
+#endif
