@@ -91,7 +91,7 @@ public:
             return EXIT_FAULTY;
         m_screen = std::make_unique<PanelScreen>(&m_panel.scene(), m_panel.settings(), clock());
         m_session = std::make_unique<PanelSession>(m_panel, *m_screen, m_log);
-        m_log.write("start", {{text("items"), m_panel.items().size() > 0 ? int(m_panel.items().size()) : 0}});
+        m_log.write("start", {{text("items"), static_cast<int>(m_panel.items().size())}});
         const int code = show();
         end();
         return code;
@@ -139,7 +139,7 @@ private:
         if (!m_options.screenshot.isEmpty())
             return savePicture(*m_screen, m_options.screenshot);
         if (m_options.onDisplay()) {
-            m_window = std::make_unique<PanelWindow>(*m_screen, *m_session, clock());
+            m_window = std::make_unique<PanelWindow>(*m_screen, *m_session, clock(), m_translations);
             m_window->setWindowTitle(QFileInfo(m_options.project).fileName());
             m_window->show();
         } else {

@@ -4,25 +4,62 @@
 #include "register_view.h"
 
 #include <QCloseEvent>
-#include <QDockWidget>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
 
-PanelWindow::PanelWindow(PanelScreen& screen, PanelSession& session, PanelClock& clock)
-    : m_screen(screen), m_session(session)
+PanelWindow::PanelWindow(PanelScreen& screen, PanelSession& session, PanelClock& clock, Translations& translations)
+    : m_screen(screen), m_session(session), m_translations(translations)
 {
-    setCentralWidget(&m_screen);
-    QDockWidget* dock = new QDockWidget(QString::fromLatin1("Registers"), this);
-    RegisterView* registers = new RegisterView(session, clock, dock);
+    QWidget* side = new QWidget(this);
+    QVBoxLayout* column = new QVBoxLayout(side);
+    column->addWidget(languageChoice());
+    RegisterView* registers = new RegisterView(session, clock, side);
     const auto known = session.knownRegisters();
     for (auto it = known.constBegin(); it != known.constEnd(); ++it)
         registers->model().watch(it.key().first, it.key().second);
-    dock->setWidget(registers);
-    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
-    addDockWidget(Qt::RightDockWidgetArea, dock);
+    column->addWidget(registers);
+
+    QWidget* middle = new QWidget(this);
+    QHBoxLayout* row = new QHBoxLayout(middle);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(&m_screen, 0, Qt::AlignTop);
+    row->addWidget(side, 1);
+    setCentralWidget(middle);
+}
+
+/// Languages are named in themselves, so that everybody finds the way back.
+QComboBox* PanelWindow::languageChoice()
+{
+    static const char* const NAMES[] = {"English",
+                                        "Deutsch",
+                                        "Fran\xc3\xa7"
+                                        "ais",
+                                        "Espa\xc3\xb1ol",
+                                        "Italiano",
+                                        "\xd0\xa0\xd1\x83\xd1\x81\xd1\x81\xd0\xba\xd0\xb8\xd0\xb9",
+                                        "\xe4\xb8\xad\xe6\x96\x87",
+                                        "\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e"};
+    QComboBox* choice = new QComboBox(this);
+    for (const char* name : NAMES)
+        choice->addItem(QString::fromUtf8(name));
+    choice->setCurrentIndex(m_translations.language() - 1);
+    connect(choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this](int index) { useLanguage(index + 1); });
+    return choice;
+}
+
+/// Texts change at once; fonts and colours of items are those of their start.
+void PanelWindow::useLanguage(int language)
+{
+    m_translations.use(language);
+    Runtime::instance().setLanguage(language);
+    m_screen.view().viewport()->update();
 }
 
 PanelWindow::~PanelWindow()
 {
-    takeCentralWidget();
     m_screen.setParent(nullptr);
 }
 

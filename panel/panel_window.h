@@ -4,21 +4,29 @@
 
 #include "panel_session.h"
 
+#include "translations.h"
+
 #include <QMainWindow>
+
+class QComboBox;
 
 class PanelWindow : public QMainWindow
 {
 public:
     /// Borrows the screen; its destructor gives it back. All must outlive this.
-    PanelWindow(PanelScreen& screen, PanelSession& session, PanelClock& clock);
+    PanelWindow(PanelScreen& screen, PanelSession& session, PanelClock& clock, Translations& translations);
     ~PanelWindow() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override; // not while a job runs
 
 private:
+    QComboBox* languageChoice();
+    void useLanguage(int language);
+
     PanelScreen& m_screen;
     PanelSession& m_session;
+    Translations& m_translations;
 };
 
 #endif

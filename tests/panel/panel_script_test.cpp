@@ -1,0 +1,246 @@
+// Scripts in the real panel program with the shipped library: what an operator does, from the touch to the file.
+#include "panel_process.h"
+#include "recipe_fixtures.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <random>
+
+namespace {
+
+const QString SCRIPTS = latin(SOURCE_DIR "/tests/panel/scripts/");
+
+QByteArray contents(const QString& fileName)
+{
+    QFile file(fileName);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << fileName.toStdString();
+    return file.readAll();
+}
+
+/// What a script wants of its surroundings stands in its first lines: "#! group ITEMS RECIPES", "#! no file",
+/// "#! project NAME".
+struct Surroundings
+{
+    QString project = exampleProject("bakery.project.json");
+
+    explicit Surroundings(const QByteArray& script)
+    {
+        for (const QString& line : QString::fromUtf8(script).split(QLatin1Char('\n'))) {
+            const QStringList words = line.split(QLatin1Char(' '));
+            if (words.first() != latin("#!"))
+                continue;
+            if (words.at(1) == latin("group"))
+                writeRecipeFile(recipeGroup(words.at(2).toInt(), words.at(3).toInt()));
+            else if (words.at(1) == latin("project"))
+                project = exampleProject(words.at(2).toLatin1().constData());
+        }
+    }
+};
+
+} // namespace
+
+class PanelScripts : public PanelProcess
+{
+protected:
+    PanelResult play(const QByteArray& script, const QStringList& more = QStringList())
+    {
+        return run(QStringList{exampleProject("bakery.project.json"), latin("--script"), latin("-"), latin("--output"),
+                               file(".")}
+                       + more,
+                   script);
+    }
+};
+
+// --- sessions ----------------------------------------------------------------------------------------------------
+
+class PanelSessions : public PanelScripts, public testing::WithParamInterface<std::string>
+{
+};
+
+TEST_P(PanelSessions, GoAsTheirScriptExpects)
+{
+    const QString script = SCRIPTS + QString::fromStdString(GetParam()) + latin(".script");
+    const Surroundings wanted(contents(script));
+    const PanelResult result = run({wanted.project, latin("--script"), script, latin("--output"), file(".")});
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.exitCode, 0);
+}
+
+namespace {
+
+std::vector<std::string> sessions()
+{
+    std::vector<std::string> names;
+    for (const QString& name : QDir(SCRIPTS).entryList({latin("*.script")}, QDir::Files, QDir::Name))
+        names.push_back(name.left(name.size() - 7).toStdString());
+    return names;
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Kept, PanelSessions, testing::ValuesIn(sessions()),
+                         [](const auto& session) { return session.param; });
+
+// --- what the player says ----------------------------------------------------------------------------------------
+
+TEST_F(PanelScripts, TellLineExpectedAndFoundOfAFailedExpectation)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    const std::pair<const char*, const char*> rows[] = {
+        {"\nexpect cell 1 0 \"7\"", "2: expected cell 1 0 to show \"7\", found \"1\"."},
+        {"expect cell 99 0 \"7\"", "1: expected cell 99 0 on the page, found rows 0 to 9, columns 0 to 4."},
+        {"tap title 7", "1: expected title 7 on the page, found rows 0 to 9, columns 0 to 4."},
+        {"tap button start", "1: expected a button \"start\", found rows 0 to 9, columns 0 to 4."},
+        {"expect selection cell 1 1", "1: expected selection cell 1 1, found none."},
+        {"expect register LW 60803 5", "1: expected register LW 60803 5, found register LW 60803 0."},
+        {"expect message \"save successful\"", "1: expected the message \"save successful\", found no message."},
+        {"wait message \"add success\"",
+         "1: expected the message \"add success\", found no message, and nothing is under way."},
+        {"keyboard accept \"5\"", "1: expected an open keyboard, found none."},
+        {"answer yes", "1: expected a confirmation, found none."},
+        {"release", "1: expected a finger that is down, found none."},
+        {"tap title 1\ntap button add\ntap cell 0 0", "3: expected a panel that can be touched, found the confirmation "
+                                                      "\"About to autosave, whether to continue?\"."},
+        {"expect file \"other.db3\"", "1: expected the file \"other.db3\", found none."},
+        {"expect query \"recipeN.db3\" \"SELECT 1\" \"2\"", "1: expected \"2\" from \"SELECT 1\", found \"1\"."},
+        {"expect first 1 0", "1: expected first 1 0, found 0 0."},
+        {"tap cell 0 0\ntap cell 0 0\nkeyboard accept \"1.5\"",
+         "3: expected the keyboard to accept \"1.5\", found \"Only whole numbers are possible.\"."},
+    };
+    for (const auto& [script, sentence] : rows) {
+        const PanelResult result = play(script);
+        EXPECT_EQ(result.exitCode, 1) << script;
+        EXPECT_EQ(result.errors, std::string("standard input:") + sentence + "\n");
+    }
+}
+
+/// A script that ends in front of an open confirmation has not agreed to anything.
+TEST_F(PanelScripts, ThatEndBeforeAnAnswerChangeNothing)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    EXPECT_EQ(play("tap title 1\ntap button delete").exitCode, 0);
+    EXPECT_EQ(play("expect size 12 8").errors, "");
+}
+
+TEST_F(PanelScripts, WithFaultsAreToldBeforeAnythingRuns)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    const PanelResult result = play("screenshot \"a.png\"\ntap cel 1 1\n", {latin("--log"), file("log")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.errors.find("standard input:2: found \"tap cel 1 1\", expected "), std::string::npos);
+    EXPECT_FALSE(QFile::exists(file("a.png")));
+    EXPECT_FALSE(QFile::exists(file("log")));
+}
+
+TEST_F(PanelScripts, ThatNameAnUnknownItemAreToldBeforeAnythingRuns)
+{
+    const PanelResult result = play("screenshot \"a.png\"\ntap cell 1 1 in other\n");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errors, "standard input:2: the project shows no item \"other\".\n");
+    EXPECT_FALSE(QFile::exists(file("a.png")));
+}
+
+// --- log, pictures, dumps ----------------------------------------------------------------------------------------
+
+namespace {
+
+const char SESSION[] = R"(tap cell 2 1
+tap cell 2 1
+screenshot "keyboard.png"
+keyboard accept "5"
+tap button save
+screenshot "saved.png"
+tap button add
+screenshot "asked.png"
+answer yes
+wait message "add success"
+wait worker
+screenshot "added.png"
+restart
+pass 5000
+screenshot "restarted.png"
+dump "state.json"
+)";
+
+} // namespace
+
+TEST_F(PanelScripts, GiveTheSameLogAndTheSamePicturesEveryTime)
+{
+    const char* const files[] = {"log",       "keyboard.png",  "saved.png", "asked.png",
+                                 "added.png", "restarted.png", "state.json"};
+    QList<QByteArray> first;
+    for (int round = 0; round < 2; ++round) {
+        for (const QString& left : QDir(latin("/usr/tabrix/project")).entryList(QDir::Files))
+            QFile::remove(latin("/usr/tabrix/project/") + left);
+        writeRecipeFile(recipeGroup(12, 8));
+        const PanelResult result = play(SESSION, {latin("--log"), file("log")});
+        ASSERT_EQ(result.errors, "");
+        for (std::size_t i = 0; i < std::size(files); ++i) {
+            if (round == 0)
+                first.append(read(files[i]));
+            else
+                EXPECT_EQ(read(files[i]), first.at(static_cast<int>(i))) << files[i];
+        }
+    }
+}
+
+TEST_F(PanelScripts, LogTouchesRequestsRegistersMessagesEditsAndSaves)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    play("tap cell 2 1\ntap cell 2 1\nkeyboard accept \"5\"\ntap button save\n", {latin("--log"), file("log")});
+    const QByteArray log = read("log");
+    for (const char* line : {
+             R"({"event":"press","item":"bakery","time":100,"x":378,"y":130})",
+             R"({"address":60803,"event":"write","new":1,"old":0,"register":"LW","time":100})",
+             R"({"address":60803,"event":"read","register":"LW","time":100,"value":1})",
+             R"({"event":"sound","time":100})",
+             R"({"event":"release","item":"bakery","time":200,"x":378,"y":130})",
+             R"({"current":"10002","decimals":0,"event":"request","function":"showKeyboardWindow","maximum":"65535",)"
+             R"("minimum":"0","text":false,"time":300})",
+             R"({"event":"edit","new":"5","old":"10002","time":500})",
+             R"({"event":"message","text":"save successful","time":700,"values":[2,0]})",
+             R"({"cells":[{"column":1,"row":2,"saved":"10002","text":"5"}],"event":"save","item":"bakery","time":700,)"
+             R"("titles":[]})",
+             R"({"argument":2,"event":"request","function":"reload_recipe","time":700})",
+         })
+        EXPECT_TRUE(log.contains(QByteArray(line) + '\n')) << line << "\nin\n" << log.constData();
+}
+
+TEST_F(PanelScripts, DumpWhatThePanelShows)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    play("tap cell 2 1\ntap cell 2 1\nkeyboard accept \"5\"\ndump \"state.json\"");
+    const QJsonObject all = QJsonDocument::fromJson(read("state.json")).object();
+    const QJsonObject sheet = all.value(latin("items")).toObject().value(latin("bakery")).toObject();
+    EXPECT_EQ(all.value(latin("registers")).toObject().value(latin("LW 60803")).toInt(), 1);
+    EXPECT_EQ(sheet.value(latin("cells")).toArray().size(), 50);
+    EXPECT_EQ(sheet.value(latin("pending")).toArray().first().toObject().value(latin("text")).toString(), latin("5"));
+    EXPECT_EQ(sheet.value(latin("selection")).toObject().value(latin("label")).toString(),
+              QString::fromUtf8("Item 2 L0 \xe2\x80\x93 Recipe 1 L0"));
+}
+
+// --- a day of taps -----------------------------------------------------------------------------------------------
+
+/// Thousands of touches at random places, from a seed. After each bunch the sheet must still show what file and
+/// pending edits say; a panel that stops ends the script.
+TEST_F(PanelScripts, MayTapAnywhereForADay)
+{
+    writeRecipeFile(recipeGroup(150, 120));
+    std::mt19937 random(20260);
+    const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    QByteArray script;
+    for (int i = 0; i < 1500; ++i) {
+        // The buttons at the bottom open confirmations; they have scripts of their own.
+        script += "press " + QByteArray::number(below(800)) + ' ' + QByteArray::number(below(440)) + '\n';
+        for (int moves = below(4); moves > 0; --moves)
+            script += "move " + QByteArray::number(below(800)) + ' ' + QByteArray::number(below(440)) + '\n';
+        script += "release\n";
+    }
+    script += "restart\nexpect size 150 120\nexpect cell 0 0 \"0\"\nexpect cell 9 4 \"40009\"\n";
+    const PanelResult result = play(script);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.exitCode, 0);
+}
