@@ -130,10 +130,6 @@
         <translation>%1 %2 kann nicht geschrieben werden.</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>Register</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>Beobachten</translation>
     </message>

@@ -130,10 +130,6 @@
         <translation>No se puede escribir en %1 %2.</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>Registros</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>Observar</translation>
     </message>

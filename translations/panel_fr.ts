@@ -130,10 +130,6 @@
         <translation>Impossible d’écrire dans %1 %2.</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>Registres</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>Surveiller</translation>
     </message>

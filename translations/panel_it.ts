@@ -130,10 +130,6 @@
         <translation>Impossibile scrivere in %1 %2.</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>Registri</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>Osserva</translation>
     </message>

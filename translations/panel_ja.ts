@@ -130,10 +130,6 @@
         <translation>%1 %2 に書き込めません。</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>レジスタ</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>監視</translation>
     </message>

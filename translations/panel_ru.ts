@@ -130,10 +130,6 @@
         <translation>Запись в %1 %2 невозможна.</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>Регистры</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>Следить</translation>
     </message>

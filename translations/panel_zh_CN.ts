@@ -130,10 +130,6 @@
         <translation>无法写入 %1 %2。</translation>
     </message>
     <message>
-        <source>Registers</source>
-        <translation>寄存器</translation>
-    </message>
-    <message>
         <source>Watch</source>
         <translation>监视</translation>
     </message>

@@ -103,7 +103,6 @@ void RegisterView::changeEvent(QEvent* event)
 
 void RegisterView::retranslate()
 {
-    setWindowTitle(tr("Registers"));
     m_add->setText(tr("Watch"));
     m_remove->setText(tr("Remove"));
     m_remark->hide();

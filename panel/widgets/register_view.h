@@ -1,6 +1,4 @@
 // A table to watch word registers and to force them; registers are added and taken away by hand. GUI thread only.
-//
-// Its window title is in the operator's language; a dock that shows it follows `windowTitleChanged`.
 #ifndef REGISTER_VIEW_H
 #define REGISTER_VIEW_H
 
