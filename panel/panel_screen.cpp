@@ -9,6 +9,9 @@ namespace {
 
 const QColor SHADE(0, 0, 0, 110); // over the panel while it waits for an answer
 
+const QColor TITLE_COLOR(0x3a, 0x44, 0x4e);
+constexpr int TITLE_HEIGHT = 30;
+
 } // namespace
 
 PanelScreen::PanelScreen(QGraphicsScene* scene, const ProjectPanel& settings, PanelClock& clock, QWidget* parent)
@@ -56,10 +59,20 @@ QImage PanelScreen::picture()
     if (QMessageBox* box = confirmation()) {
         QPainter painter(&image);
         painter.fillRect(image.rect(), SHADE);
-        QRect place(QPoint(), box->size());
-        place.moveCenter(rect().center());
-        painter.translate(place.topLeft());
-        box->render(&painter);
+        drawConfirmation(painter, *box);
     }
     return image;
+}
+
+/// Without a display no window frame shows the title; a bar takes its place.
+void PanelScreen::drawConfirmation(QPainter& painter, QMessageBox& box) const
+{
+    QRect place(QPoint(), box.size());
+    place.moveCenter(rect().center());
+    const QRect bar(place.left(), place.top() - TITLE_HEIGHT, place.width(), TITLE_HEIGHT);
+    painter.fillRect(bar, TITLE_COLOR);
+    painter.setPen(Qt::white);
+    painter.drawText(bar.adjusted(TITLE_HEIGHT / 2, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, box.windowTitle());
+    painter.translate(place.topLeft());
+    box.render(&painter);
 }

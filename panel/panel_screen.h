@@ -14,6 +14,7 @@
 #include <QWidget>
 
 class QMessageBox;
+class QPainter;
 
 class PanelScreen : public QWidget
 {
@@ -38,6 +39,7 @@ public:
 
 private:
     void closeKeyboard();
+    void drawConfirmation(QPainter& painter, QMessageBox& box) const;
 
     const ProjectPanel m_settings;
     PanelView* m_view;

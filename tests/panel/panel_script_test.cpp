@@ -125,6 +125,43 @@ TEST_F(PanelScripts, ThatEndBeforeAnAnswerChangeNothing)
     EXPECT_EQ(play("expect size 12 8").errors, "");
 }
 
+/// A job that runs when the panel ends is waited for: the file is whole, with the new recipe.
+TEST_F(PanelScripts, ThatEndWhileAJobRunsWaitForIt)
+{
+    writeRecipeFile(recipeGroup(300, 100));
+    const PanelResult result = play("tap title 1\ntap button add\nanswer yes\n");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(play("expect size 300 101\nexpect query \"recipeN.db3\" \"PRAGMA integrity_check\" \"ok\"").errors, "");
+}
+
+TEST_F(PanelScripts, ThatStopAJobAtOnceFindTheFileAsItWasOrWithTheNewRecipe)
+{
+    writeRecipeFile(recipeGroup(300, 100));
+    const PanelResult result = play("tap title 1\ntap button add\nanswer yes\npower-cut\n"
+                                    "expect query \"recipeN.db3\" \"PRAGMA integrity_check\" \"ok\"\ndump \"s.json\"");
+    EXPECT_EQ(result.errors, "");
+    const int recipes = QJsonDocument::fromJson(read("s.json"))
+                            .object()
+                            .value(latin("items"))
+                            .toObject()
+                            .value(latin("bakery"))
+                            .toObject()
+                            .value(latin("columns"))
+                            .toInt();
+    EXPECT_TRUE(recipes == 100 || recipes == 101) << recipes;
+}
+
+TEST_F(PanelScripts, SeeTheTextsOfTheLanguageInUse)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    const char german[] =
+        "expect confirmation \"\xc3\x84nderungen werden jetzt gespeichert. Fortfahren?\"\nanswer no\n";
+    const QByteArray ask = "tap title 1\ntap button delete\n";
+    EXPECT_EQ(play("language 2\n" + ask + german + "restart\n" + ask + german).errors, "");
+    EXPECT_EQ(play(ask + german, {latin("--language"), latin("2")}).errors, "");
+}
+
 TEST_F(PanelScripts, WithFaultsAreToldBeforeAnythingRuns)
 {
     writeRecipeFile(recipeGroup(12, 8));
