@@ -14,7 +14,7 @@ endif()
 
 if(RECIPE_SANITIZE)
     list(JOIN RECIPE_SANITIZE "," sanitizers)
-    add_compile_options(-fsanitize=${sanitizers} -fno-omit-frame-pointer -g)
+    add_compile_options(-fsanitize=${sanitizers} -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${sanitizers})
     if("undefined" IN_LIST RECIPE_SANITIZE)
         # The plug-in refers to the runtime's type information only through its headers; -fsanitize=vptr would need
