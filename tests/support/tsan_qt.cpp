@@ -18,7 +18,9 @@
 #include <QVariant>
 
 #include <dlfcn.h>
+#include <sched.h>
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -125,15 +127,61 @@ bool QSemaphore::tryAcquire(int n, int timeout)
 
 // --- QThread -----------------------------------------------------------------------------------------------------
 
-/// `finished` is emitted on the thread itself, after run() and before the thread counts as finished.
+namespace {
+
+/// Counts the runs of one thread. Relaxed on purpose: this must not order anything by itself.
+struct Runs
+{
+    std::atomic<const QThread*> thread{nullptr};
+    std::atomic<int> begun{0};
+    std::atomic<int> ended{0};
+
+    static Runs& of(const QThread* thread)
+    {
+        static Runs table[256];
+        for (Runs& runs : table) {
+            const QThread* free = nullptr;
+            if (runs.thread.compare_exchange_strong(free, thread, std::memory_order_relaxed) || free == thread)
+                return runs;
+        }
+        std::fprintf(stderr, "tsan_qt: too many threads\n");
+        std::abort();
+    }
+
+    /// Qt says that a thread has ended a moment before it emits `finished`; that is waited for.
+    void waitForEnd() const
+    {
+        while (ended.load(std::memory_order_relaxed) != begun.load(std::memory_order_relaxed))
+            sched_yield();
+    }
+};
+
+/// After Qt has said that the thread does not run (any more).
+void acquireEnd(const QThread* thread)
+{
+    Runs::of(thread).waitForEnd();
+    __tsan_acquire(const_cast<QThread*>(thread));
+}
+
+} // namespace
+
+/// `finished` is emitted on the thread itself, when run() is over. Being connected first, this is told first.
 void QThread::start(Priority priority)
 {
     static const auto real = next<void (*)(QThread*, Priority)>("_ZN7QThread5startENS_8PriorityE");
     static const char WATCHED[] = "tsan_qt watches the end";
-    if (!property(WATCHED).toBool()) {
-        setProperty(WATCHED, true);
-        connect(
-            this, &QThread::finished, this, [this] { __tsan_release(this); }, Qt::DirectConnection);
+    Runs& runs = Runs::of(this);
+    if (!isRunning()) {
+        runs.begun.store(runs.ended.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+        if (!property(WATCHED).toBool()) {
+            setProperty(WATCHED, true);
+            const auto end = [this, &runs] {
+                Runs& mine = runs; // nothing of the connection may be read after the release
+                __tsan_release(this);
+                mine.ended.fetch_add(1, std::memory_order_relaxed);
+            };
+            connect(this, &QThread::finished, this, end, Qt::DirectConnection);
+        }
     }
     real(this, priority);
 }
@@ -143,7 +191,7 @@ bool QThread::wait(QDeadlineTimer deadline)
     static const auto real = next<bool (*)(QThread*, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
     const bool ended = real(this, deadline);
     if (ended)
-        __tsan_acquire(this);
+        acquireEnd(this);
     return ended;
 }
 
@@ -152,7 +200,7 @@ bool QThread::wait(unsigned long time)
     static const auto real = next<bool (*)(QThread*, unsigned long)>("_ZN7QThread4waitEm");
     const bool ended = real(this, time);
     if (ended)
-        __tsan_acquire(this);
+        acquireEnd(this);
     return ended;
 }
 
@@ -161,7 +209,7 @@ bool QThread::isRunning() const
     static const auto real = next<bool (*)(const QThread*)>("_ZNK7QThread9isRunningEv");
     const bool running = real(this);
     if (!running)
-        __tsan_acquire(const_cast<QThread*>(this));
+        acquireEnd(this);
     return running;
 }
 
@@ -170,7 +218,7 @@ bool QThread::isFinished() const
     static const auto real = next<bool (*)(const QThread*)>("_ZNK7QThread10isFinishedEv");
     const bool finished = real(this);
     if (finished)
-        __tsan_acquire(const_cast<QThread*>(this));
+        acquireEnd(this);
     return finished;
 }
 
