@@ -30,7 +30,7 @@ object* item_object_create(QString typeName, QString objectName)
 
 // --- construction ------------------------------------------------------------------------------------------------
 
-RecipeSheetItems* RecipeSheetItems::s_instance = nullptr;
+std::atomic<RecipeSheetItems*> RecipeSheetItems::s_instance(nullptr);
 
 RecipeSheetItems::RecipeSheetItems()
     : itemName(QString::fromLatin1("RecipeSheet")), db(RecipeDB::getInstance()),

@@ -77,7 +77,7 @@ public:
 
     /// The item built last; never cleared, also not by its destruction. Wanted: there is one sheet that takes the
     /// worker's results.
-    static RecipeSheetItems* s_instance;
+    static std::atomic<RecipeSheetItems*> s_instance;
 
     // --- what the runtime calls ----------------------------------------------------------------------------------
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;

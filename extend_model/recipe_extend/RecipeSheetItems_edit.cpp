@@ -225,8 +225,8 @@ void RecipeSheetItems::startWorker(int operation)
 
 void RecipeSheetItems::replace(bool ok, int columns, int rows)
 {
-    if (s_instance)
-        s_instance->onThreadFinished(ok, columns, rows);
+    if (RecipeSheetItems* const sheet = s_instance)
+        sheet->onThreadFinished(ok, columns, rows);
 }
 
 void RecipeSheetItems::onThreadFinished(bool ok, int columns, int rows)

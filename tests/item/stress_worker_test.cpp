@@ -37,6 +37,7 @@ protected:
     {
         writeGroup(SheetGroup::ofSize(ITEMS, RECIPES));
         sheet = &startSheet();
+        sinceRepaint.start();
     }
 
     RecipeSheetProbe probe() { return RecipeSheetProbe(*sheet); }
