@@ -89,6 +89,15 @@ void dropHeadlessRemarks(QtMsgType type, const QMessageLogContext& context, cons
         std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
 }
 
+bool hasDisplay()
+{
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(name))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -102,6 +111,10 @@ int main(int argc, char** argv)
         return app.exit(error) == 0 ? 0 : EXIT_FAULTY;
     }
     const PanelOptions options = optionsOf(arguments);
+    if (options.onDisplay() && !hasDisplay()) {
+        std::fprintf(stderr, "There is no display for a window; --screenshot and --script do without.\n");
+        return EXIT_FAULTY;
+    }
     if (!options.onDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(dropHeadlessRemarks);

@@ -154,7 +154,7 @@ void PanelSession::touchSound(QGraphicsItem* item)
 void PanelSession::openKeyboard(quintptr argument)
 {
     const InterfaceAll* call = reinterpret_cast<const InterfaceAll*>(argument);
-    if (!call || call->callArguments.isEmpty() || !m_touched)
+    if (!call || call->callArguments.isEmpty())
         return;
     const KeyboardParameters asked = *static_cast<const KeyboardParameters*>(call->callArguments.last());
     m_askedLast = asked;
@@ -164,11 +164,13 @@ void PanelSession::openKeyboard(quintptr argument)
                             {text("maximum"), asked.maximum},
                             {text("decimals"), asked.decimalPlaces},
                             {text("text"), asked.textEntry}});
+    InterfaceAll* receiver = asked.receiver ? asked.receiver : static_cast<InterfaceAll*>(m_touched);
+    if (!receiver)
+        return; // nobody to answer
     const ItemState shown = touched() ? state(*touched()) : ItemState();
-    const QRectF cell = m_touched->mapRectToScene(shown.selectionRect());
+    const QRectF cell = touched() ? m_touched->mapRectToScene(shown.selectionRect()) : QRectF();
     OnScreenKeyboard& keyboard =
         m_screen.openKeyboard(asked, shown.selectionLabel(), m_screen.view().mapFromScene(cell).boundingRect());
-    InterfaceAll* receiver = asked.receiver ? asked.receiver : static_cast<InterfaceAll*>(m_touched);
     connect(&keyboard, &OnScreenKeyboard::accepted, this,
             [this, receiver, asked](const QString& typed) { takeText(receiver, asked, typed); });
     connect(&keyboard, &OnScreenKeyboard::cancelled, this, [this] { m_log.write("cancel"); });
