@@ -8,7 +8,8 @@
 #include <QStringList>
 #include <QVariant>
 
-/// What a command does. One per form of a command; `Script::help` lists the forms.
+/// What a command does. One per form of a command; `Script::help` lists the forms. The player takes them in groups,
+/// by their order here: touches, keyboard, changes, waiting, expectations of items, of the panel and of files, output.
 enum class ScriptAction
 {
     TapPoint,
