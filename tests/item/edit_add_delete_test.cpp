@@ -169,6 +169,18 @@ TEST_F(AddDelete, ActOnTheFirstRecipeWithNothingSelected)
     EXPECT_EQ(firstItem(), values({1, 1, 2, 3, 4, 5, 6, 7}));
 }
 
+TEST_F(AddDelete, ActOnTheSelectedRecipeAlsoWhenItIsScrolledOffThePage)
+{
+    RecipeSheetItems& sheet = startSheet();
+    tap(sheet, cell(1, 0));
+    click(sheet, rightArrow(), 3);
+    ASSERT_EQ(RecipeSheetProbe(sheet).selectedColumn(), -2);
+    Confirmation confirmation(Confirmation::Yes);
+    EXPECT_TRUE(sheet.deleteRecipe());
+    settle();
+    EXPECT_EQ(firstItem(), values({0, 2, 3, 4, 5, 6, 7}));
+}
+
 TEST_F(AddDelete, OnlyDeleteGetsAWorkerWhereThereIsNone)
 {
     RecipeSheetItems& sheet = startSheet();
