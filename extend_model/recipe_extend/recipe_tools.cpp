@@ -53,7 +53,7 @@ void layOutItems(QVector<recipeItemInfo_t>& items, InterfaceComm* comm)
 /// One digit more is printed and dropped again: the last digit kept is truncated, not rounded.
 QString truncatedNotation(double value, int decimals)
 {
-    QString text = fixedNotation(value, decimals + 1);
+    const QString text = fixedNotation(value, qMin<int>(decimals, MAX_DECIMALS) + 1); // a file may ask for INT_MAX
     const QStringList parts = text.split(QLatin1Char('.'));
     if (parts.size() < 2)
         return text;

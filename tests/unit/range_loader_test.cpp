@@ -1,5 +1,6 @@
 // Loading a range of recipes into a record for transfer.
 #include "InterfaceComm.h"
+#include "number_text.h"
 #include "recipe_fixtures.h"
 #include "recipe_tools.h"
 #include "sqlite_errors.h"
@@ -263,6 +264,17 @@ TEST_F(RangeLoader, FormatsByTypeAndDigits)
     for (const Row& row : rows)
         EXPECT_EQ(transferred(row.dataType, row.stored, row.decimals).toStdString(), row.transferred)
             << "type " << row.dataType << ", stored " << row.stored << ", decimals " << row.decimals;
+}
+
+TEST_F(RangeLoader, DoesNotLetADamagedCountOfDecimalsFillTheMemoryOrOverflow)
+{
+    for (const int dataType : {1, 6}) {
+        for (const int decimals : {MAX_DECIMALS - 1, int(MAX_DECIMALS), 2147483646, 2147483647}) {
+            const QString text = transferred(dataType, "1.5", decimals);
+            EXPECT_EQ(text.size(), 2 + qMin<int>(decimals, MAX_DECIMALS)) << decimals << " decimals, type " << dataType;
+            EXPECT_TRUE(text.startsWith(QLatin1String("1.50"))) << text.toStdString();
+        }
+    }
 }
 
 TEST_F(RangeLoader, ReadsAFloatInSinglePrecision)
