@@ -125,7 +125,7 @@ void RecipeDB::release()
     instance.store(nullptr, std::memory_order_release);
 }
 
-RecipeDB::RecipeDB() : m_sqlite(nullptr), m_rewriting(false) {}
+RecipeDB::RecipeDB() : m_sqlite(nullptr), m_rewriting(false), m_syncsLess(false) {}
 
 RecipeDB::~RecipeDB()
 {
@@ -142,13 +142,21 @@ int RecipeDB::OpenRecipeFile(const QString& path)
         return 1;
     m_sqlite = new CSqliteInter;
     if (m_sqlite->connect(path.toUtf8().constData())) {
-        // With less, a journal that was deleted may be back after a power cut and undo what was announced as saved.
-        m_sqlite->execSQL("PRAGMA synchronous=EXTRA;");
+        m_syncsLess = true;
+        syncFully();
         return 0;
     }
     delete m_sqlite;
     m_sqlite = nullptr;
     return 1;
+}
+
+/// With less, a journal that was deleted may be back after a power cut and undo what was announced as saved. SQLite
+/// refuses while another program has the file locked; so this is tried again before something is written.
+void RecipeDB::syncFully()
+{
+    if (m_syncsLess && !m_sqlite->inTransaction())
+        m_syncsLess = m_sqlite->execSQL("PRAGMA synchronous=EXTRA;") != 0;
 }
 
 int RecipeDB::CloseRecipeFile()
@@ -170,6 +178,7 @@ int RecipeDB::execBegin()
     QMutexLocker lock(&m_lock);
     if (!m_sqlite)
         return 1;
+    syncFully();
     m_sqlite->execBegin();
     return 0;
 }
@@ -206,6 +215,7 @@ int RecipeDB::execLocked(const SqlText& sql)
     // for good, one statement at a time, into the group as it was before.
     if (m_rewriting && !m_sqlite->inTransaction())
         return 2;
+    syncFully();
     return m_sqlite->execSQL(sql.text());
 }
 
@@ -373,6 +383,7 @@ int RecipeDB::beginGroup()
     QMutexLocker lock(&m_lock);
     if (!m_sqlite)
         return 1;
+    syncFully();
     const int result = m_sqlite->execBegin();
     m_rewriting = result == 0; // without a transaction of its own a rewrite is not begun
     return result;

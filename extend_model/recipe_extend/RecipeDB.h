@@ -134,6 +134,7 @@ private:
 
     // These are called under the mutex, with a file open.
     int execLocked(const SqlText& sql);
+    void syncFully();
 
     int beginGroup();
     int writeGroup(int group, const recipeTableInfo_t& info);
@@ -157,6 +158,7 @@ private:
     QMutex m_lock;          // guards the rest
     CSqliteInter* m_sqlite; // owned; null while no file is open
     bool m_rewriting;       // a group is being written: nothing may be written outside its transaction
+    bool m_syncsLess;       // the connection could not yet be told how writes are handed to the disk
 };
 
 #endif

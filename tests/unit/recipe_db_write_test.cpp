@@ -70,6 +70,50 @@ TEST_F(RecipeDBLife, OpensAFileWhoseNameIsNotAscii)
     EXPECT_EQ(outsideQuery(name, "SELECT group_index FROM recipe_config;"), "4");
 }
 
+/// 3: the directory of a deleted journal is handed to the disk too.
+int syncLevel(RecipeDB& db)
+{
+    CSqliteInter& connection = *RecipeDBProbe::connection(db);
+    int level = -1;
+    EXPECT_EQ(connection.querySQL("PRAGMA synchronous;"), 0);
+    EXPECT_EQ(connection.queryStep(), 1);
+    connection.getFieldInt(0, level);
+    connection.queryFilish();
+    return level;
+}
+
+/// Opens a file that another program has locked at that moment.
+void openWhileLocked(RecipeDB& db, const QString& path)
+{
+    makeEmptyRecipeFile(path);
+    OutsideSqlite other(path);
+    other.exec("BEGIN EXCLUSIVE;");
+    SqliteErrors expected;
+    ASSERT_EQ(db.OpenRecipeFile(path), 0);
+    other.exec("COMMIT;");
+}
+
+TEST_F(RecipeDBLife, SyncsTheDirectoryToo)
+{
+    openEmpty();
+    EXPECT_EQ(syncLevel(*db), 3);
+}
+
+TEST_F(RecipeDBLife, SyncsTheDirectoryTooWhenItWritesToAFileThatWasLockedAtFirst)
+{
+    openWhileLocked(*db, path);
+    EXPECT_EQ(db->insertTable_Config(4, recipeGroup(1, 2)), 0);
+    EXPECT_EQ(syncLevel(*db), 3);
+
+    openWhileLocked(*db, path);
+    EXPECT_EQ(db->createTable_Group(0, recipeGroup(1, 2)), 0);
+    EXPECT_EQ(syncLevel(*db), 3);
+
+    openWhileLocked(*db, path);
+    EXPECT_EQ(db->execBegin(), 0);
+    EXPECT_EQ(syncLevel(*db), 3);
+}
+
 class Unopenable : public StorageTest, public testing::WithParamInterface<const char*>
 {
 };
