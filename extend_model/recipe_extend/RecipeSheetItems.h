@@ -1,6 +1,6 @@
 // The item "RecipeSheet": one recipe group as a paged grid. Rows are the group's items, columns are recipes.
 //
-// Threads. Everything runs on the runtime's GUI thread, except onThreadFinished, which the worker calls.
+// Threads. Everything runs on the runtime's GUI thread, except replace and onThreadFinished, which the worker calls.
 //   dataMutex     guards what the worker's completion changes: recipeCount, itemCount, columnNames, rowNames and their
 //                 flags, blocks, accessCounter, readsMissed, both scroll axes with columnStep and rowStep, editedCells.
 //                 firstColumn, firstRow and the configuration that the completion reads are written under it too; the
@@ -173,7 +173,7 @@ public:
     /// Ask the operator, save, start the worker. False: busy or refused.
     bool addRecipe();
     bool deleteRecipe();
-    /// The worker's result; forwards to the item built last.
+    /// Worker thread. The worker's result; forwards to the item built last.
     static void replace(bool ok, int columns, int rows);
     /// Worker thread. Takes the new size of the group and reloads titles and cached blocks.
     void onThreadFinished(bool ok, int columns, int rows);

@@ -1,5 +1,6 @@
 // Exported free functions: where the recipe file lives, its backup, where exports go, and the range loader. The runtime
-// and other plug-ins call them too. Any thread; nothing is reported beyond the results, nothing throws.
+// and other plug-ins call them too. Any thread, except the range loader, which calls the communication interface;
+// nothing is reported beyond the results, nothing throws.
 #ifndef RECIPE_TOOLS_H
 #define RECIPE_TOOLS_H
 
@@ -29,7 +30,7 @@ RECIPE_EXPORT bool rcpFileIsExists(object* item);
 /// `columnName` has an entry for each recipe of the range that exists, `values` what the range holds in the file.
 /// 1: loaded. 0: `comm` is null, `count` is below 1, or the configuration or the items cannot be read; `info` is
 /// cleared then. Titles or values that cannot be read are not noticed. Each step locks the database by itself: a writer
-/// on another thread may come between.
+/// on another thread may come between. GUI thread, to which `comm` belongs; no lock is held while it is asked.
 RECIPE_EXPORT int loadRecipe2Struct_start_end(int group, int start, int count, recipeTableInfo_t& info,
                                               InterfaceComm* comm);
 
