@@ -333,6 +333,19 @@ TEST_F(AddDelete, OfTheLastRecipeEndInAnErrorAndAWholeFile)
     tap(sheet, deleteButton());
     settle();
     EXPECT_EQ(firstItem().size(), 1);
+
+    // The same after a restart.
+    tap(sheet, deleteButton());
+    settle();
+    EXPECT_EQ(requests.messageTexts().last(), latin1("del error"));
+    destroySheet(sheet);
+    RecipeSheetThread::release();
+    RecipeDB::release();
+    RecipeSheetItems& again = startSheet();
+    EXPECT_EQ(RecipeSheetProbe(again).recipeCount(), 1);
+    edit(again, 0, 3, latin1("99"));
+    EXPECT_TRUE(again.saveRecipeFile());
+    EXPECT_EQ(querySql(latin1("SELECT D3 FROM data_0;")), QStringList(latin1("99.0")));
 }
 
 TEST_F(AddDelete, AtTheFarRightLeaveASheetThatCanBeUsed)

@@ -1,6 +1,7 @@
 // The worker on its own.
 #include "RecipeDB.h"
 #include "RecipeSheetThread.h"
+#include "UHmiEvent.h"
 #include "sheet_fixture.h"
 #include "sqlite_errors.h"
 
@@ -184,6 +185,31 @@ TEST_F(Worker, DoesWithoutSomebodyToTell)
     EXPECT_TRUE(worker->add());
     EXPECT_TRUE(worker->del());
     EXPECT_EQ(rows().size(), 3);
+}
+
+TEST_F(Worker, PostsNoticesOfTypeThousandAndSevenAndRequestsOfTypeThousandAndTen)
+{
+    /// Sees the posted events themselves.
+    class Watch : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == static_cast<QEvent::Type>(1007))
+                seen.append(QString::fromLatin1("1007 %1").arg(static_cast<UMessageBoxEvent*>(event)->text));
+            if (event->type() == static_cast<QEvent::Type>(1010)) {
+                const UExternalFuncCallEvent* call = static_cast<UExternalFuncCallEvent*>(event);
+                seen.append(
+                    QString::fromLatin1("1010 %1 %2 %3").arg(call->functionName).arg(call->flag).arg(call->argument));
+            }
+            return false;
+        }
+        QStringList seen;
+    } watch;
+    runtime().installEventFilter(&watch);
+    run(RecipeSheetThread::OP_ADD, 0);
+    runtime().removeEventFilter(&watch);
+    EXPECT_EQ(watch.seen, QStringList({text("1007 add success"), text("1010 reload_recipe 1 2")}));
 }
 
 TEST_F(Worker, UsesTheFileFromItsStartUntilTheResultIsHandedOn)
