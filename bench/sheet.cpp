@@ -111,14 +111,14 @@ QPointF Sheet::cell(int row, int column) const
     return QPointF(left + (column + 0.5) * width, m_page.titleHeight + (row + 0.5) * height);
 }
 
+QPointF Sheet::leftArrow() const
+{
+    return QPointF(BAR / 2.0, m_page.height - BUTTON_BAR - BAR / 2.0);
+}
+
 QPointF Sheet::rightArrow() const
 {
     return QPointF(m_page.width - 1.5 * BAR, m_page.height - BUTTON_BAR - BAR / 2.0);
-}
-
-QPointF Sheet::saveButton() const
-{
-    return QPointF(BAR, m_page.height - BUTTON_BAR / 2.0);
 }
 
 QPointF Sheet::thumb() const

@@ -52,8 +52,8 @@ public:
     void tap(const QPointF& position);
 
     QPointF cell(int row, int column) const;
+    QPointF leftArrow() const;
     QPointF rightArrow() const;
-    QPointF saveButton() const;
     QPointF thumb() const; ///< of the horizontal scroll bar, while nothing is scrolled
 
 private:
