@@ -201,6 +201,24 @@ int RecipeDB::execRollBack()
     return 0;
 }
 
+int RecipeDB::beginEdits()
+{
+    {
+        QMutexLocker lock(&m_lock);
+        if (!m_sqlite || m_sqlite->inTransaction())
+            return 1;
+    }
+    return beginGroup();
+}
+
+int RecipeDB::commitEdits()
+{
+    const int result = commitGroup();
+    if (result != 0)
+        rollBackGroup();
+    return result;
+}
+
 int RecipeDB::exec(const SqlText& sql)
 {
     QMutexLocker lock(&m_lock);
@@ -385,7 +403,8 @@ int RecipeDB::beginGroup()
         return 1;
     syncFully();
     const int result = m_sqlite->execBegin();
-    m_rewriting = result == 0; // without a transaction of its own a rewrite is not begun
+    if (result == 0) // without a transaction of its own a rewrite is not begun
+        m_rewriting = true;
     return result;
 }
 

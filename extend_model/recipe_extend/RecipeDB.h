@@ -48,6 +48,11 @@ public:
     int execCommit();
     int execRollBack();
 
+    /// Begins a transaction of the caller's own; 1, with none begun, while another is open.
+    int beginEdits();
+    /// Ends it. 1: it could not be committed, or SQLite had ended it; nothing of it is in the file and none is open.
+    int commitEdits();
+
     // --- the configuration table ---------------------------------------------------------------------------------
     int createTable_RecipeConfig();
     /// 1, with nothing written, for a group without recipes.

@@ -263,8 +263,9 @@ private:
     void postKeyboardRequest();
     void takeTitle(const QString& text);
     void takeCell(const QString& text);
-    void savePendingTitles();
-    void savePendingCells();
+    void savePending();
+    void writePendingTitles();
+    void writePendingCells();
     bool workerIsBusy() const;
     void postBusy() const;
     bool prepareJob();

@@ -131,16 +131,31 @@ bool RecipeSheetItems::saveRecipeFile()
         return false;
     if (editedList.isEmpty() && editedCells.isEmpty())
         return false;
-    savePendingTitles();
-    savePendingCells();
+    savePending();
     updateTable();
     postNotice(QObject::tr("save successful"), 2, 0);
     postCall("reload_recipe", 2);
     return true;
 }
 
+/// All edits in one transaction: each on its own would wait for the disk several times. Where the file does not take
+/// them together, they are written one by one, as many as it takes.
+void RecipeSheetItems::savePending()
+{
+    const bool together = editedList.size() + editedCells.size() > 1 && db->beginEdits() == 0;
+    writePendingTitles();
+    writePendingCells();
+    if (together && db->commitEdits() != 0) {
+        writePendingTitles();
+        writePendingCells();
+    }
+    editedList.clear();
+    QMutexLocker lock(&dataMutex);
+    editedCells.clear();
+}
+
 /// In the order of editing, a title that was edited twice twice. Failures are not reported; wanted.
-void RecipeSheetItems::savePendingTitles()
+void RecipeSheetItems::writePendingTitles()
 {
     for (int i = 0; i < editedList.size(); ++i) {
         const int column = editedList.at(i);
@@ -151,15 +166,12 @@ void RecipeSheetItems::savePendingTitles()
         if (exists)
             db->updateTable_Language_Index(groupIndex, DB_LANGUAGE_COLUMN, column, names);
     }
-    editedList.clear();
 }
 
-void RecipeSheetItems::savePendingCells()
+void RecipeSheetItems::writePendingCells()
 {
     for (QMap<idx_t, QString>::const_iterator edit = editedCells.constBegin(); edit != editedCells.constEnd(); ++edit)
         db->updateTable_Data_Column_One(groupIndex, edit.key().first, edit.key().second, edit.value());
-    QMutexLocker lock(&dataMutex);
-    editedCells.clear();
 }
 
 // --- adding and deleting -----------------------------------------------------------------------------------------

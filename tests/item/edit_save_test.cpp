@@ -64,6 +64,16 @@ protected:
             latin1("SELECT %1 FROM data_0 WHERE column = %2;").arg(fields.join(QLatin1Char(','))).arg(recipe));
     }
 
+    /// SQLite counts the transactions that changed the file, in its header.
+    static quint32 changeCounter()
+    {
+        const QByteArray file = contents(recipeFile());
+        quint32 counter = 0;
+        for (int i = 24; i < 28; ++i)
+            counter = counter * 256 + static_cast<unsigned char>(file.at(i));
+        return counter;
+    }
+
     static QString backup() { return recipeFile() + latin1(".bak"); }
 
     static QByteArray contents(const QString& path)
@@ -121,7 +131,9 @@ TEST_F(Save, WritesTitlesInOrderOfEditingWithRepeatsAndThenCellsInOrderOfTheirKe
     ASSERT_TRUE(sheet.saveRecipeFile());
     Journal::attach(RecipeDBProbe::handle(*RecipeDB::getInstance()), nullptr);
     sqlite3_trace_v2(RecipeDBProbe::handle(*RecipeDB::getInstance()), 0, nullptr, nullptr);
-    ASSERT_EQ(log.size(), 6);
+    ASSERT_EQ(log.size(), 8);
+    EXPECT_EQ(log.takeFirst(), latin1("begin;")); // together, so that the disk is waited for once
+    EXPECT_EQ(log.takeLast(), latin1("commit;"));
     EXPECT_TRUE(log.at(0).startsWith(latin1("UPDATE lang_0 SET 'L0' = 'c'")) && log.at(0).endsWith(latin1("'4';")));
     EXPECT_TRUE(log.at(1).startsWith(latin1("UPDATE lang_0 SET 'L0' = 'b'")) && log.at(1).endsWith(latin1("'1';")));
     EXPECT_TRUE(log.at(2).startsWith(latin1("UPDATE lang_0 SET 'L0' = 'c'")) && log.at(2).endsWith(latin1("'4';")));
@@ -273,6 +285,56 @@ TEST_F(Save, FailsAloneForATextWithAQuoteAndSaysSuccessAllTheSame)
     EXPECT_EQ(column(0, 0, 0), QStringList(latin1("before")));
     EXPECT_EQ(column(1, 1, 1), QStringList(latin1("t1_1"))) << "the cell with the quote keeps its old text";
     EXPECT_EQ(column(3, 3, 3), QStringList(latin1("behind")));
+}
+
+TEST_F(Save, OfSeveralEditsChangesTheFileOnce)
+{
+    RecipeSheetItems& sheet = startSheet();
+    edit(sheet, 0, 0, latin1("7"));
+    edit(sheet, 4, 9, latin1("8"));
+    rename(sheet, 2, latin1("Rye"));
+    const quint32 before = changeCounter();
+    EXPECT_TRUE(sheet.saveRecipeFile());
+    EXPECT_EQ(changeCounter(), before + 1);
+    EXPECT_EQ(column(0, 0, 0), QStringList(latin1("7.0")));
+    EXPECT_EQ(column(4, 9, 9), QStringList(latin1("8.0")));
+}
+
+// A reader in another process lets the statements through and refuses the commit: the transaction must not stay open,
+// it would swallow what is saved later.
+TEST_F(Save, ThatCannotBeCommittedLeavesNoTransactionOpen)
+{
+    RecipeSheetItems& sheet = startSheet();
+    edit(sheet, 0, 0, latin1("7"));
+    edit(sheet, 1, 1, latin1("8"));
+    sqlite3* reader = nullptr;
+    ASSERT_EQ(sqlite3_open(recipeFile().toUtf8().constData(), &reader), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT count(*) FROM data_0;", nullptr, nullptr, nullptr), SQLITE_OK);
+    {
+        SqliteErrors errors;
+        EXPECT_TRUE(sheet.saveRecipeFile()); // failures are not told, wanted
+        EXPECT_EQ(errors.count(), 3) << "the commit, then each cell on its own";
+    }
+    sqlite3_close(reader);
+    EXPECT_EQ(column(0, 0, 0), QStringList(latin1("0.0")));
+    EXPECT_NE(sqlite3_get_autocommit(RecipeDBProbe::handle(*RecipeDB::getInstance())), 0);
+    edit(sheet, 2, 2, latin1("9"));
+    EXPECT_TRUE(sheet.saveRecipeFile());
+    EXPECT_EQ(column(2, 2, 2), QStringList(latin1("9.0")));
+}
+
+TEST_F(Save, InsideATransactionOfSomebodyElseLeavesItsEndToThem)
+{
+    RecipeSheetItems& sheet = startSheet();
+    edit(sheet, 0, 0, latin1("7"));
+    edit(sheet, 1, 1, latin1("8"));
+    RecipeDB& db = *RecipeDB::getInstance();
+    ASSERT_EQ(db.execBegin(), 0);
+    EXPECT_TRUE(sheet.saveRecipeFile());
+    EXPECT_EQ(column(0, 0, 0), QStringList(latin1("0.0")));
+    ASSERT_EQ(db.execCommit(), 0);
+    EXPECT_EQ(column(0, 0, 0), QStringList(latin1("7.0")));
+    EXPECT_EQ(column(1, 1, 1), QStringList(latin1("8.0")));
 }
 
 TEST_F(Save, OfATitleWithQuotesAndSignsWritesItByteForByte)
