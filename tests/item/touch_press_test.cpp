@@ -34,6 +34,13 @@ protected:
     PartOfTheSheet() { writeGroup(SheetGroup::ofSize(250, 120)); }
 
     RecipeSheetProbe::Handle& handle(RecipeSheetProbe& probe) { return (probe.*GetParam().handle)(); }
+
+    /// A scene announces changes over several rounds of the event loop.
+    void settleScene()
+    {
+        for (int round = 0; round < 5; ++round)
+            settle();
+    }
 };
 
 void PrintTo(const Part& part, std::ostream* out)
@@ -85,25 +92,58 @@ TEST_P(PartOfTheSheet, IsHeardAndRepaintedAtOnceWhereThatIsWanted)
     }
 }
 
+namespace {
+
+/// Counts what a scene is told to paint again.
+class WatchedScene
+{
+public:
+    explicit WatchedScene(RecipeSheetItems& sheet) : m_sheet(sheet)
+    {
+        m_scene.addItem(&sheet);
+        QObject::connect(&m_scene, &QGraphicsScene::changed, [this](const QList<QRectF>&) { ++m_changes; });
+        sheet.setSelected(true); // beforehand: becoming selected repaints an item too
+    }
+    ~WatchedScene() { m_scene.removeItem(&m_sheet); }
+
+    /// Forgets what there was; call it with nothing on its way.
+    void forget() { m_changes = 0; }
+    bool changed() const { return m_changes > 0; }
+
+private:
+    RecipeSheetItems& m_sheet;
+    QGraphicsScene m_scene;
+    int m_changes = 0;
+};
+
+} // namespace
+
 TEST_P(PartOfTheSheet, RepaintsItsSceneOnlyWithFeedback)
 {
-    QGraphicsScene scene;
     RecipeSheetItems& sheet = startSheet();
-    scene.addItem(&sheet);
-    int changes = 0;
-    QObject::connect(&scene, &QGraphicsScene::changed, [&changes](const QList<QRectF>&) { ++changes; });
-    // A scene announces changes over several rounds of the event loop.
-    const auto settleScene = [this] {
-        for (int round = 0; round < 5; ++round)
-            settle();
-    };
-    sheet.setSelected(true); // beforehand: becoming selected repaints an item too
+    WatchedScene scene(sheet);
     settleScene();
-    changes = 0;
+    scene.forget();
     press(sheet, GetParam().point);
     settleScene();
-    EXPECT_EQ(changes > 0, GetParam().feedback);
-    scene.removeItem(&sheet);
+    EXPECT_EQ(scene.changed(), GetParam().feedback);
+}
+
+TEST_P(PartOfTheSheet, RepaintsItsSceneOnEveryMoveAndOnTheRelease)
+{
+    RecipeSheetItems& sheet = startSheet();
+    Confirmation confirmation(Confirmation::No);
+    WatchedScene scene(sheet);
+    press(sheet, GetParam().point);
+    settleScene();
+    scene.forget();
+    move(sheet, GetParam().point);
+    settleScene();
+    EXPECT_TRUE(scene.changed()) << "also of a move that scrolls nothing";
+    scene.forget();
+    release(sheet, outside());
+    settleScene();
+    EXPECT_TRUE(scene.changed());
 }
 
 TEST_P(PartOfTheSheet, StaysHeldUntilTheNextReleaseWhereverThatIs)
