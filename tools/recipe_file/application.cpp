@@ -4,6 +4,7 @@
 #include "console.h"
 #include "json_document.h"
 #include "outcome.h"
+#include "recipe_records.h"
 #include "suggest.h"
 
 #include <CLI/CLI.hpp>
@@ -45,7 +46,7 @@ int reportFailure(const ToolError& error, bool json)
     Json object = {{"ok", false}, {"error", error.what()}, {"problems", Json::array()}};
     for (const Problem& problem : error.problems())
         object["problems"].push_back(problemToJson(problem));
-    printData(object.dump(2) + '\n');
+    printData(dumpJson(object));
     return EXIT_FAILED;
 }
 
@@ -91,6 +92,17 @@ CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name, c
     return command;
 }
 
+void addFileOptions(CLI::App* command, FileOptions& options, bool withGroup)
+{
+    command->add_option("FILE", options.file, "The recipe file")->required();
+    if (withGroup)
+        command->add_option("--group", options.group, "Number or title; needed where the file has several groups");
+    command->add_option("--language", options.language, "Language of the titles, 1 to 8 (default 1)")
+        ->check(CLI::Range(1, static_cast<int>(LANGUAGE_COUNT)));
+    command->add_option("--wait", options.wait, "Seconds to wait for a locked file (default 0)")
+        ->check(CLI::Range(0.0, 3600.0));
+}
+
 int runApplication(int argc, char** argv)
 {
     CLI::App app("Prepare, look at, move and check recipe files.", "recipe-file");
@@ -101,6 +113,12 @@ int runApplication(int argc, char** argv)
     addCreate(app, session);
     addGenerate(app, session);
     addInfo(app, session);
+    addLookCommands(app, session);
+    addTransferCommands(app, session);
+    addEditCommands(app, session);
+    addKeepCommands(app, session);
+    addTitleCommands(app, session);
+    addCheck(app, session);
     try {
         return parseAndRun(app, session, argc, argv);
     } catch (const ToolError& error) {

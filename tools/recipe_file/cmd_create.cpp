@@ -49,7 +49,7 @@ int create(const Options& options, bool json)
     const Description description = readDescription(readWholeFile(options.description), options.description);
     write(description, options);
     if (json) {
-        printData(report(description, options).dump(2) + '\n');
+        printData(dumpJson(report(description, options)));
         return EXIT_DONE;
     }
     for (const std::string& warning : description.warnings)

@@ -74,7 +74,7 @@ int generate(const Options& options, bool json)
                              {"items", options.items},
                              {"recipes", options.recipes},
                              {"seed", options.seed}};
-        printData(object.dump(2) + '\n');
+        printData(dumpJson(object));
     } else {
         say("wrote group " + std::to_string(options.group) + " (" + counted(options.items, "item", "items") + ", "
             + counted(options.recipes, "recipe", "recipes") + ", seed " + std::to_string(options.seed) + ") to "

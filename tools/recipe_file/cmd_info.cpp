@@ -13,13 +13,6 @@
 
 namespace {
 
-struct Options
-{
-    std::string file;
-    int language = 1;
-    double wait = 0;
-};
-
 std::string groupTable(const std::vector<GroupSurvey>& groups)
 {
     TextTable table({"Group", "Name", "Items", "Recipes", "Notify address", "Health"},
@@ -43,7 +36,7 @@ std::string itemTable(const GroupSurvey& group)
     return table.text();
 }
 
-void print(const std::vector<GroupSurvey>& groups, const Options& options)
+void print(const std::vector<GroupSurvey>& groups, const FileOptions& options)
 {
     printData(options.file + ": " + counted(static_cast<long long>(groups.size()), "group", "groups") + '\n');
     if (!groups.empty())
@@ -58,7 +51,7 @@ void print(const std::vector<GroupSurvey>& groups, const Options& options)
     }
 }
 
-int info(const Options& options, bool json)
+int info(const FileOptions& options, bool json)
 {
     Database database(options.file, Database::ReadOnly, static_cast<int>(options.wait * 1000));
     const std::vector<GroupSurvey> groups = surveyFile(database, options.language);
@@ -69,7 +62,7 @@ int info(const Options& options, bool json)
     Json object = {{"ok", true}, {"file", options.file}, {"groups", Json::array()}};
     for (const GroupSurvey& group : groups)
         object["groups"].push_back(surveyToJson(group));
-    printData(object.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+    printData(dumpJson(object));
     return EXIT_DONE;
 }
 
@@ -79,12 +72,8 @@ void addInfo(CLI::App& app, Session& session)
 {
     CLI::App* command =
         addCommand(app, session, "info", "Show what a recipe file holds", "recipe-file info recipeN.db3");
-    const auto options = std::make_shared<Options>();
-    command->add_option("FILE", options->file, "The recipe file")->required();
-    command->add_option("--language", options->language, "Language of the names, 1 to 8 (default 1)")
-        ->check(CLI::Range(1, static_cast<int>(LANGUAGE_COUNT)));
-    command->add_option("--wait", options->wait, "Seconds to wait for a locked file (default 0)")
-        ->check(CLI::Range(0.0, 3600.0));
+    const auto options = std::make_shared<FileOptions>();
+    addFileOptions(command, *options, false);
     command->callback(
         [options, &session] { session.action = [options, &session] { return info(*options, session.json); }; });
 }

@@ -12,6 +12,13 @@
 
 namespace fs = std::filesystem;
 
+namespace {
+
+const int PAGES_PER_STEP = 1000;
+const int LOCK_PAUSE_MS = 20;
+
+} // namespace
+
 Statement::Statement(Database& database, const std::string& sql) : m_database(database), m_statement(nullptr)
 {
     const int code =
@@ -98,7 +105,8 @@ bool Statement::isNumber(int column) const
 
 Database::Database(const std::string& path, Mode mode, int waitMs) : m_path(path), m_handle(nullptr)
 {
-    refuseOtherThings();
+    if (mode != EmptyFile)
+        refuseOtherThings();
     try {
         open(mode, waitMs);
     } catch (...) {
@@ -134,7 +142,7 @@ void Database::open(Mode mode, int waitMs)
         fail(code);
     sqlite3_extended_result_codes(m_handle, 1);
     sqlite3_busy_timeout(m_handle, waitMs);
-    if (!hasTable("recipe_config"))
+    if (mode != EmptyFile && !hasTable("recipe_config"))
         throw ToolError(m_path + " is an SQLite database without a table recipe_config, so it is no recipe file.");
 }
 
@@ -157,6 +165,32 @@ std::int64_t Database::value(const std::string& sql)
     return statement.step() ? statement.integer(0) : 0;
 }
 
+void Database::rollBack()
+{
+    if (sqlite3_get_autocommit(m_handle) == 0)
+        sqlite3_exec(m_handle, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Database::copyInto(Database& target, int waitMs)
+{
+    sqlite3_backup* backup = sqlite3_backup_init(target.handle(), "main", m_handle, "main");
+    if (!backup)
+        target.fail(sqlite3_errcode(target.handle()));
+    int waited = 0;
+    int code = SQLITE_OK;
+    while (code == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED) {
+        code = sqlite3_backup_step(backup, PAGES_PER_STEP);
+        if (code != SQLITE_BUSY && code != SQLITE_LOCKED)
+            continue;
+        if (waited >= waitMs)
+            break;
+        waited += sqlite3_sleep(LOCK_PAUSE_MS);
+    }
+    sqlite3_backup_finish(backup);
+    if (code != SQLITE_DONE)
+        target.fail(code);
+}
+
 void Database::fail(int code)
 {
     switch (code & 0xFF) {
@@ -166,7 +200,7 @@ void Database::fail(int code)
     case SQLITE_LOCKED:
         throw ToolError(m_path + " is locked by another program; try again later, or wait for it with --wait SECONDS.");
     case SQLITE_CORRUPT:
-        throw ToolError(m_path + " is damaged (" + sqlite3_errmsg(m_handle) + "); restore a backup.");
+        throw DamagedFile(m_path + " is damaged (" + sqlite3_errmsg(m_handle) + "); restore a backup.");
     case SQLITE_READONLY:
         if (code == SQLITE_READONLY_ROLLBACK || code == SQLITE_READONLY_RECOVERY)
             throw ToolError("A write to " + m_path

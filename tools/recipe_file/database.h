@@ -46,7 +46,8 @@ public:
     enum Mode
     {
         ReadOnly,
-        ReadWrite
+        ReadWrite,
+        EmptyFile ///< an empty file that is about to be filled
     };
 
     /// Opens an existing file and makes sure that it is a recipe file. `waitMs` bounds the wait for other programs'
@@ -63,6 +64,10 @@ public:
     bool hasTable(const std::string& name);
     /// The one number of a query.
     std::int64_t value(const std::string& sql);
+    /// Ends a transaction without its changes, if one is open.
+    void rollBack();
+    /// Replaces all that `target` holds by what this file holds, in one transaction, with SQLite's backup interface.
+    void copyInto(Database& target, int waitMs);
     [[noreturn]] void fail(int code);
 
 private:

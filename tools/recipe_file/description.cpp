@@ -346,17 +346,6 @@ private:
 
 // --- back to JSON --------------------------------------------------------------------------------------------
 
-Json titlesToJson(const QVector<QString>& titles)
-{
-    const bool allSame = titles == sameTitles(titles.value(0));
-    if (allSame)
-        return titles.value(0).toStdString();
-    Json list = Json::array();
-    for (const QString& title : titles)
-        list.push_back(title.toStdString());
-    return list;
-}
-
 Json addressToJson(const RECIPE_ADDRESS& address)
 {
     Json object;
@@ -396,6 +385,17 @@ Json itemToJson(const recipeItemInfo_t& item)
 }
 
 } // namespace
+
+Json titlesToJson(const QVector<QString>& titles)
+{
+    const bool allSame = titles == sameTitles(titles.value(0));
+    if (allSame)
+        return titles.value(0).toStdString();
+    Json list = Json::array();
+    for (const QString& title : titles)
+        list.push_back(title.toStdString());
+    return list;
+}
 
 QVector<QString> sameTitles(const QString& title)
 {

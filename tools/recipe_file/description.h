@@ -21,6 +21,9 @@ Description readDescription(const std::string& text, const std::string& fileName
 /// One group in the form that readDescription takes.
 Json describeGroup(const recipeTableInfo_t& group);
 
+/// One text where all languages have the same, else a list.
+Json titlesToJson(const QVector<QString>& titles);
+
 /// The same title in all eight languages.
 QVector<QString> sameTitles(const QString& title);
 

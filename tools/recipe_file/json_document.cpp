@@ -107,6 +107,11 @@ Json parseJson(const std::string& text, const std::string& fileName, std::vector
     }
 }
 
+std::string dumpJson(const Json& value)
+{
+    return value.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
 std::string shown(const Json& value)
 {
     if (value.is_string())

@@ -16,6 +16,9 @@ using Json = nlohmann::ordered_json;
 /// problem (JSON readers disagree about which one counts).
 Json parseJson(const std::string& text, const std::string& fileName, std::vector<Problem>& problems);
 
+/// A document for standard output. Bytes that are no UTF-8 (a damaged file) become replacement characters.
+std::string dumpJson(const Json& value);
+
 /// A value as it is written, shortened where it is long.
 std::string shown(const Json& value);
 

@@ -1,5 +1,7 @@
 #include "outcome.h"
 
+#include <QTextCodec>
+
 namespace {
 
 const std::size_t SHOWN_BYTES = 60;
@@ -18,6 +20,14 @@ std::string Problem::text() const
         sentence += place + ": ";
     sentence += field + " is " + value + ", expected " + expected;
     return expected.empty() || expected.back() != '?' ? sentence + '.' : sentence;
+}
+
+void requireUtf8(const std::string& text, const std::string& fileName)
+{
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(text.data(), static_cast<int>(text.size()), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        throw ToolError(fileName + " is not in UTF-8; save it as UTF-8 first.");
 }
 
 std::string quoted(const std::string& text)

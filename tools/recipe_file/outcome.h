@@ -43,6 +43,16 @@ private:
     std::vector<Problem> m_problems;
 };
 
+/// SQLite found the file damaged.
+class DamagedFile : public ToolError
+{
+public:
+    using ToolError::ToolError;
+};
+
+/// A text in another encoding would be stored as question marks; a ToolError says so first.
+void requireUtf8(const std::string& text, const std::string& fileName);
+
 /// `text` between double quotes, shortened where it is long (never inside a UTF-8 character).
 std::string quoted(const std::string& text);
 

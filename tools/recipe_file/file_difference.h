@@ -1,0 +1,21 @@
+// What differs between two recipe files: groups, definitions, values, titles, recipes.
+#ifndef FILE_DIFFERENCE_H
+#define FILE_DIFFERENCE_H
+
+#include "json_document.h"
+
+#include <string>
+#include <vector>
+
+struct FileDifference
+{
+    bool different = false;
+    std::string text;                   ///< for eyes
+    std::vector<std::string> summaries; ///< one sentence per group
+    Json groups = Json::array();
+};
+
+/// `group` by number or title; all groups where it is empty.
+FileDifference compareFiles(const std::string& before, const std::string& after, const std::string& group, int waitMs);
+
+#endif

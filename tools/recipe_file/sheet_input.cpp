@@ -1,0 +1,83 @@
+#include "sheet_input.h"
+
+#include "json_sheet.h"
+#include "recipe_limits.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fstream>
+
+namespace {
+
+const char SQLITE_MAGIC[] = "SQLite format 3";
+
+void addDifference(std::vector<std::string>& list, const std::string& label, const char* what,
+                   const std::string& before, const std::string& after)
+{
+    if (before != after)
+        list.push_back(label + ": " + what + ' ' + before + " -> " + after);
+}
+
+void compareTitles(std::vector<std::string>& list, const std::string& label, const QVector<QString>& before,
+                   const QVector<QString>& after)
+{
+    for (int i = 0; i < LANGUAGE_COUNT; ++i)
+        addDifference(list, label, ("title in language " + std::to_string(i + 1)).c_str(),
+                      quoted(before.value(i).toStdString()), quoted(after.value(i).toStdString()));
+}
+
+void compareItems(std::vector<std::string>& list, const std::string& label, const recipeItemInfo_t& before,
+                  const recipeItemInfo_t& after)
+{
+    compareTitles(list, label, before.rowName, after.rowName);
+    addDifference(list, label, "address", before.addressText().toStdString(), after.addressText().toStdString());
+    addDifference(list, label, "data type", std::to_string(before.dataType), std::to_string(after.dataType));
+    addDifference(list, label, "total digits", std::to_string(before.totalDigits), std::to_string(after.totalDigits));
+    addDifference(list, label, "decimal digits", std::to_string(before.decimalDigits),
+                  std::to_string(after.decimalDigits));
+    addDifference(list, label, "min", plainNumber(before.min), plainNumber(after.min));
+    addDifference(list, label, "max", plainNumber(before.max), plainNumber(after.max));
+}
+
+} // namespace
+
+FileKind kindOf(const std::string& text)
+{
+    if (text.compare(0, sizeof(SQLITE_MAGIC) - 1, SQLITE_MAGIC) == 0)
+        return FileKind::RecipeFile;
+    const auto first =
+        std::find_if(text.begin(), text.end(), [](char c) { return std::isspace(static_cast<unsigned char>(c)) == 0; });
+    return first != text.end() && *first == '{' ? FileKind::JsonSheet : FileKind::CsvSheet;
+}
+
+Input readSheet(const std::string& text, const std::string& fileName, const recipeTableInfo_t& group,
+                const SheetFormat& format)
+{
+    if (kindOf(text) == FileKind::RecipeFile)
+        throw ToolError(fileName + " is a recipe file; export it first, or compare it with diff.");
+    return kindOf(text) == FileKind::JsonSheet ? readJsonSheet(text, fileName, group)
+                                          : readCsvSheet(text, fileName, group, format);
+}
+
+bool isRecipeFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string start(sizeof(SQLITE_MAGIC) - 1, '\0');
+    file.read(&start[0], static_cast<std::streamsize>(start.size()));
+    return file && start == SQLITE_MAGIC;
+}
+
+std::vector<std::string> definitionDifferences(const recipeTableInfo_t& before, const recipeTableInfo_t& after)
+{
+    std::vector<std::string> list;
+    const std::string label = groupLabel(before);
+    compareTitles(list, label, before.groupName, after.groupName);
+    addDifference(list, label, "notification address", quoted(before.notifyAddressText().toStdString()),
+                  quoted(after.notifyAddressText().toStdString()));
+    addDifference(list, label, "number of items", std::to_string(before.items.size()),
+                  std::to_string(after.items.size()));
+    const int common = static_cast<int>(std::min(before.items.size(), after.items.size()));
+    for (int i = 0; i < common; ++i)
+        compareItems(list, itemLabel(before, i), before.items.at(i), after.items.at(i));
+    return list;
+}
