@@ -72,6 +72,11 @@ Outcome ProgramTest::runLimited(int kilobytes, const Words& arguments)
     return start("bash", words, {}, {});
 }
 
+Outcome ProgramTest::runShell(const std::string& script)
+{
+    return start("bash", {"-c", script}, {}, {});
+}
+
 Outcome ProgramTest::start(const std::string& program, const Words& arguments, const Words& environment,
                            const std::string& input)
 {
@@ -150,6 +155,11 @@ std::string ProgramTest::dump(const std::string& file)
             result += row + '\n';
     }
     return result;
+}
+
+QString ProgramTest::program()
+{
+    return QStringLiteral(RECIPE_FILE_PROGRAM);
 }
 
 std::string ProgramTest::bakery()

@@ -32,6 +32,9 @@ protected:
     /// The same where no file can grow beyond `kilobytes`.
     Outcome runLimited(int kilobytes, const Words& arguments);
 
+    /// A piece of bash.
+    Outcome runShell(const std::string& script);
+
     QString path(const std::string& name) const;
     void write(const std::string& name, const std::string& text);
     std::string read(const std::string& name) const;
@@ -46,6 +49,7 @@ protected:
     /// Every statement that would make the file again, in the order of its tables and rows.
     std::string dump(const std::string& file);
 
+    static QString program();    ///< the program's path
     static std::string bakery(); ///< the description that ships
 
 private:

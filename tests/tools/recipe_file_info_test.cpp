@@ -3,6 +3,10 @@
 
 #include <QDir>
 
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
 #include <sqlite3.h>
 
 namespace {
@@ -202,4 +206,60 @@ TEST_F(CommandLine, HasAnExampleInTheHelpOfEveryCommand)
         ++commands;
     }
     EXPECT_GE(commands, 3);
+}
+
+namespace {
+
+/// Every command ("titles import") and every option ("--json") that the help shows.
+Words wordsOfHelp(const std::string& help, bool options)
+{
+    Words words;
+    std::istringstream lines(help.substr(help.find(options ? "Options:" : "Subcommands:")));
+    for (std::string line; std::getline(lines, line) && line != "Exit codes:";) {
+        if (line.size() < 4 || line.compare(0, 2, "  ") != 0 || line[2] == ' ' || (line[2] == '-') != options)
+            continue;
+        std::string word = line.substr(2, line.find(' ', 2) - 2);
+        words.push_back(word.substr(word.find("--") == std::string::npos ? 0 : word.find("--")));
+    }
+    return words;
+}
+
+std::string manualPage()
+{
+    std::ifstream file(SOURCE_DIR "/tools/recipe_file/recipe-file.1");
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    for (std::size_t at = text.find("\\-"); at != std::string::npos; at = text.find("\\-"))
+        text.erase(at, 1);
+    return text;
+}
+
+} // namespace
+
+TEST_F(CommandLine, HasEveryCommandAndOptionInTheManualPage)
+{
+    const std::string page = manualPage();
+    const Words commands = wordsOfHelp(run({"--help"}).out, false);
+    EXPECT_GE(commands.size(), 15U);
+    for (const std::string& command : commands) {
+        EXPECT_NE(page.find(command), std::string::npos) << command;
+        for (const std::string& option : wordsOfHelp(run({command, "--help"}).out, true))
+            EXPECT_NE(page.find(option), std::string::npos) << command << ' ' << option;
+    }
+}
+
+TEST_F(CommandLine, CompletesCommandsAndOptions)
+{
+    const Outcome script = run({"completion"});
+    ASSERT_EQ(script.code, 0);
+    write("completion.bash", script.out);
+    const auto complete = [this](const std::string& words, int place) {
+        const std::string text = ". ./completion.bash; COMP_WORDS=(" + words + "); COMP_CWORD=" + std::to_string(place)
+                                 + "; _recipe_file; printf '%s ' \"${COMPREPLY[@]}\"";
+        return runShell(text);
+    };
+    EXPECT_EQ(complete("recipe-file exp", 1).out, "export ");
+    EXPECT_EQ(complete("recipe-file import --dr", 2).out, "--dry-run ");
+    EXPECT_EQ(complete("recipe-file titles im", 2).out, "import ");
+    EXPECT_EQ(complete("recipe-file titles import --del", 3).out, "--delimiter ");
+    EXPECT_EQ(complete("recipe-file", 1).err, "");
 }

@@ -119,6 +119,7 @@ int runApplication(int argc, char** argv)
     addKeepCommands(app, session);
     addTitleCommands(app, session);
     addCheck(app, session);
+    addCompletion(app, session);
     try {
         return parseAndRun(app, session, argc, argv);
     } catch (const ToolError& error) {

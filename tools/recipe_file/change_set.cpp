@@ -281,7 +281,7 @@ std::string describe(const recipeTableInfo_t& group, const ChangeSet& changes)
     return changes.empty() ? std::string() : table.text();
 }
 
-std::string summary(const ChangeSet& changes)
+std::string summary(const ChangeSet& changes, const std::string& others)
 {
     std::string text = counted(static_cast<long long>(changes.cells.size()), "value", "values") + " changed, "
                        + std::to_string(changes.unchanged) + " unchanged, "
@@ -289,8 +289,7 @@ std::string summary(const ChangeSet& changes)
                        + counted(static_cast<long long>(changes.recipes.size()), "new recipe", "new recipes") + ", "
                        + counted(static_cast<long long>(changes.unknown.size()), "unknown item", "unknown items");
     if (!changes.onlyInFile.empty())
-        text += ", " + counted(static_cast<long long>(changes.onlyInFile.size()), "recipe", "recipes")
-                + " not mentioned and left alone";
+        text += ", " + counted(static_cast<long long>(changes.onlyInFile.size()), "recipe", "recipes") + ' ' + others;
     return text + '.';
 }
 

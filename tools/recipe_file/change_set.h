@@ -93,7 +93,8 @@ ChangeSet compareGroups(Database& database, const recipeTableInfo_t& group, Data
 void apply(Database& database, const recipeTableInfo_t& group, const ChangeSet& changes);
 
 std::string describe(const recipeTableInfo_t& group, const ChangeSet& changes);
-std::string summary(const ChangeSet& changes);
+/// `others`: what is said of recipes that the other side does not have.
+std::string summary(const ChangeSet& changes, const std::string& others = "not mentioned and left alone");
 Json changesToJson(const recipeTableInfo_t& group, const ChangeSet& changes);
 
 /// A ToolError with all problems, if there are any.

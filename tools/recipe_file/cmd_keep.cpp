@@ -90,7 +90,7 @@ void addKeepCommands(CLI::App& app, Session& session)
 
     CLI::App* restoring =
         addCommand(app, session, "restore", "Show what a backup would change; with --yes bring it back",
-                   "recipe-file restore recipeN.db3 recipeN.db3.20260131T235959Z.bak --yes");
+                   "recipe-file restore recipeN.db3 recipeN.db3.20260131T235959.123Z.bak --yes");
     addFileOptions(restoring, *options, false);
     restoring->add_option("COPY", options->copy, "The backup")->required();
     restoring->add_flag("--yes", options->yes, "Restore");

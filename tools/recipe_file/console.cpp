@@ -25,6 +25,7 @@ void printData(const std::string& text)
 
 void say(const std::string& sentence)
 {
+    std::fflush(stdout); // on a terminal, data that was printed before comes before
     std::fprintf(stderr, "recipe-file: %s\n", sentence.c_str());
 }
 

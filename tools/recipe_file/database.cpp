@@ -198,7 +198,8 @@ void Database::fail(int code)
         throw ToolError(m_path + " is not an SQLite database, so it is no recipe file.");
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        throw ToolError(m_path + " is locked by another program; try again later, or wait for it with --wait SECONDS.");
+        throw LockedFile(m_path
+                         + " is locked by another program; try again later, or wait for it with --wait SECONDS.");
     case SQLITE_CORRUPT:
         throw DamagedFile(m_path + " is damaged (" + sqlite3_errmsg(m_handle) + "); restore a backup.");
     case SQLITE_READONLY:

@@ -63,7 +63,7 @@ int milliseconds(double seconds)
 std::string backupName(const std::string& path)
 {
     const std::string time =
-        QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss'Z'")).toStdString();
+        QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'HHmmss.zzz'Z'")).toStdString();
     std::string name = path + '.' + time + ".bak";
     std::error_code ignored;
     for (int number = 2; std::filesystem::exists(name, ignored); ++number)
@@ -108,6 +108,8 @@ std::string keepAside(const std::string& path, int waitMs)
     const std::string name = backupName(path);
     try {
         copyRecipeFile(path, name, waitMs);
+    } catch (const LockedFile&) {
+        throw;
     } catch (const ToolError&) {
         std::error_code error;
         std::filesystem::copy_file(path, name, error);

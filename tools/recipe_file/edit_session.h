@@ -33,7 +33,7 @@ private:
 /// target is refused.
 void copyRecipeFile(const std::string& from, const std::string& to, int waitMs);
 
-/// "recipeN.db3.20260131T235959Z.bak", with "-2" and so on behind the time where that exists.
+/// "recipeN.db3.20260131T235959.123Z.bak", with "-2" and so on behind the time where that exists.
 std::string backupName(const std::string& path);
 
 /// Replaces the contents of `to` by those of `from` in one transaction of SQLite's.

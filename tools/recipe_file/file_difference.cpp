@@ -33,7 +33,7 @@ void addGroup(FileDifference& result, Database& before, Database& after, int num
     for (const int recipe : changes.onlyInFile)
         result.text += recipeLabel(group, recipe) + ": only in " + before.path() + '\n';
     result.text += describe(group, changes);
-    result.summaries.push_back(groupLabel(group) + ": " + summary(changes));
+    result.summaries.push_back(groupLabel(group) + ": " + summary(changes, "only in " + before.path()));
     Json object = changesToJson(group, changes);
     object["definition"] = definition;
     result.groups.push_back(object);

@@ -50,6 +50,13 @@ public:
     using ToolError::ToolError;
 };
 
+/// Another program holds the file's lock.
+class LockedFile : public ToolError
+{
+public:
+    using ToolError::ToolError;
+};
+
 /// A text in another encoding would be stored as question marks; a ToolError says so first.
 void requireUtf8(const std::string& text, const std::string& fileName);
 

@@ -56,7 +56,7 @@ Input readSheet(const std::string& text, const std::string& fileName, const reci
     if (kindOf(text) == FileKind::RecipeFile)
         throw ToolError(fileName + " is a recipe file; export it first, or compare it with diff.");
     return kindOf(text) == FileKind::JsonSheet ? readJsonSheet(text, fileName, group)
-                                          : readCsvSheet(text, fileName, group, format);
+                                               : readCsvSheet(text, fileName, group, format);
 }
 
 bool isRecipeFile(const std::string& path)

@@ -1,0 +1,272 @@
+// export, import, diff: nothing is lost on the way out and back, nothing is written unseen.
+#include "program.h"
+
+namespace {
+
+// Values that a careless way through CSV would change.
+const char TRICKY[] = R"json({"groups": [{"index": 2, "names": "Tricky",
+  "items": [{"names": ["Level, \"upper\"", "Füllstand", "Niveau", "Nivel", "Livello", "Уровень", "液位", "液面"],
+             "address": "PLC,0,0,D,1,0", "dataType": 6, "totalDigits": 6, "decimalDigits": 2, "min": -100, "max": 100},
+            {"names": "Code", "address": "PLC,0,0,D,2,0", "dataType": "text", "totalDigits": 20},
+            {"names": "Count", "address": "PLC,0,0,D,3,0", "min": 0, "max": 500}],
+  "recipes": [{"names": "A", "values": [-1.5, "007", 7]},
+              {"names": ["=B", "ß", "é", "ñ", "ò", "ж", "中", "日"], "values": [0, "=SUM(A1)", 0]},
+              {"names": "A", "values": [99.99, "say \"hi\", it's\r\n 2 lines ", 499]},
+              {"names": "D", "values": [3, "", 12]},
+              {"names": "E", "values": [3, "-1.5", 12]},
+              {"names": "F", "values": [3, "1,5", 12]}]}]})json";
+
+class Sheet : public ProgramTest
+{
+protected:
+    void SetUp() override { ASSERT_EQ(run({"create", "-", "r.db3"}, TRICKY).code, 0); }
+
+    /// The exported sheet with one text replaced.
+    std::string edited(const std::string& from, const std::string& to, const Words& options = {})
+    {
+        Words words = {"export", "r.db3"};
+        words.insert(words.end(), options.begin(), options.end());
+        std::string text = run(words).out;
+        const std::size_t place = text.find(from);
+        EXPECT_NE(place, std::string::npos) << from << " in " << text;
+        return place == std::string::npos ? text : text.replace(place, from.size(), to);
+    }
+};
+
+} // namespace
+
+TEST_F(Sheet, HasItemsInRowsAndRecipesInColumns)
+{
+    const Outcome result = run({"export", "r.db3"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out,
+              "Item,Name,\"A\",\"=B\",\"A\",\"D\",\"E\",\"F\"\r\n"
+              ",Recipe,0,1,2,3,4,5\r\n"
+              "0,\"Level, \"\"upper\"\"\",-1.50,0.00,99.99,3.00,3.00,3.00\r\n"
+              "1,\"Code\",\"007\",\"=SUM(A1)\",\"say \"\"hi\"\", it's\r\n 2 lines \",\"\",\"-1.5\",\"1,5\"\r\n"
+              "2,\"Count\",7,0,499,12,12,12\r\n");
+}
+
+TEST_F(Sheet, CanBeTransposedWithAnotherDelimiterDecimalMarkAndLanguage)
+{
+    const Outcome result =
+        run({"export", "r.db3", "--transposed", "--delimiter", ";", "--decimal", ",", "--language", "6"});
+    EXPECT_EQ(result.out.substr(0, result.out.find("say")), "Item;;0;1;2\r\n"
+                                                            "Name;Recipe;\"Уровень\";\"Code\";\"Count\"\r\n"
+                                                            "\"A\";0;-1,50;\"007\";7\r\n"
+                                                            "\"ж\";1;0,00;\"=SUM(A1)\";0\r\n"
+                                                            "\"A\";2;99,99;\"");
+}
+
+TEST_F(Sheet, ComesBackUnchangedInEveryForm)
+{
+    const std::string before = dump("r.db3");
+    const std::vector<Words> forms = {{},
+                                      {"--delimiter", ";", "--decimal", ","},
+                                      {"--decimal", ","},
+                                      {"--delimiter", "tab"},
+                                      {"--transposed-export"},
+                                      {"--language", "8"}};
+    for (Words form : forms) {
+        const bool transposed = form == Words{"--transposed-export"};
+        Words out = {"export", "r.db3"};
+        Words in = {"import", "r.db3", "-"};
+        if (transposed)
+            out.push_back("--transposed"); // an import sees by itself which way a sheet lies
+        else {
+            out.insert(out.end(), form.begin(), form.end());
+            in.insert(in.end(), form.begin(), form.end());
+        }
+        const Outcome result = run(in, run(out).out);
+        EXPECT_EQ(result.code, 0);
+        EXPECT_EQ(result.err,
+                  "recipe-file: Nothing changes: all values are already as in the input.\n"
+                  "recipe-file: group 2 \"Tricky\": 0 values changed, 18 unchanged, 0 titles changed, 0 new "
+                  "recipes, 0 unknown items.\n");
+    }
+    EXPECT_EQ(dump("r.db3"), before);
+    EXPECT_EQ(files(), Words{"r.db3"}) << "a backup without a change";
+}
+
+TEST_F(Sheet, KeepsAMissingValueApartFromAnEmptyText)
+{
+    sql("r.db3", "UPDATE data_2 SET D1 = NULL, D0 = NULL WHERE column = 0;");
+    const Outcome out = run({"export", "r.db3"});
+    EXPECT_NE(out.out.find("0,\"Level, \"\"upper\"\"\",,0.00"), std::string::npos) << out.out;
+    EXPECT_NE(out.out.find("1,\"Code\",,\"=SUM(A1)\""), std::string::npos) << out.out;
+    EXPECT_EQ(run({"import", "r.db3", "-"}, out.out).code, 0);
+    EXPECT_EQ(query("r.db3", "SELECT typeof(D0), typeof(D1) FROM data_2 WHERE column IN (0, 3)"),
+              (Words{"null|null", "real|text"}));
+}
+
+TEST_F(Sheet, AsJsonMakesTheSameFileAgain)
+{
+    ASSERT_EQ(run({"export", "r.db3", "s.json"}).code, 0);
+    ASSERT_EQ(run({"create", "s.json", "again.db3"}).code, 0);
+    EXPECT_EQ(dump("again.db3"), dump("r.db3"));
+    EXPECT_EQ(run({"import", "r.db3", "s.json"}).code, 0);
+    EXPECT_EQ(run({"diff", "r.db3", "again.db3"}).code, 0);
+}
+
+TEST_F(Sheet, IsTheSameInEveryLocale)
+{
+    const std::string plain = run({"export", "r.db3"}).out;
+    for (const char* locale : {"C", "de_DE.UTF-8", "fr_FR.UTF-8", "tr_TR.UTF-8"}) {
+        const Words environment = {std::string("LC_ALL=") + locale, std::string("LANG=") + locale};
+        EXPECT_EQ(runWith(environment, {"export", "r.db3"}).out, plain) << locale;
+        EXPECT_EQ(runWith(environment, {"diff", "r.db3", "-"}, plain).code, 0) << locale;
+    }
+}
+
+TEST_F(Sheet, IsShownBeforeItIsWritten)
+{
+    std::string text = edited("-1.50,0.00", "-2.5,0.00");
+    text.replace(text.find("\"D\""), 3, "\"Delta\"");
+    const std::string before = dump("r.db3");
+    const std::string counts = "recipe-file: group 2 \"Tricky\": 1 value changed, 17 unchanged, 1 title changed, 0 new "
+                               "recipes, 0 unknown items.";
+    const Outcome dry = run({"import", "--dry-run", "r.db3", "-"}, text);
+    EXPECT_EQ(dry.code, 0);
+    EXPECT_EQ(dry.err, counts + " Nothing was written.\n");
+    EXPECT_NE(dry.out.find("-2.50"), std::string::npos) << dry.out;
+    EXPECT_NE(dry.out.find("Delta"), std::string::npos) << dry.out;
+    const Outcome diff = run({"diff", "r.db3", "-"}, text);
+    EXPECT_EQ(diff.code, 1);
+    EXPECT_EQ(diff.out, dry.out);
+    EXPECT_EQ(diff.err, counts + '\n');
+    EXPECT_EQ(dump("r.db3"), before);
+    EXPECT_EQ(files(), Words{"r.db3"});
+
+    EXPECT_EQ(run({"import", "r.db3", "-"}, text).code, 0);
+    EXPECT_EQ(run({"diff", "r.db3", "-"}, text).code, 0);
+    EXPECT_EQ(query("r.db3", "SELECT D0 FROM data_2 WHERE column = 0"), Words{"-2.5"});
+}
+
+TEST_F(Sheet, ComparesNumbersAsTheCellShowsThem)
+{
+    EXPECT_EQ(run({"diff", "r.db3", "-"}, edited("99.99,3.00", "9.999e1,3")).code, 0);
+    sql("r.db3", "UPDATE data_2 SET D0 = 3.0000001 WHERE column = 3;");
+    EXPECT_EQ(run({"diff", "r.db3", "-"}, edited("3.00", "3")).code, 0);
+}
+
+TEST_F(Sheet, AddsARecipeFromAColumnWithoutANumber)
+{
+    std::string text;
+    std::istringstream lines("Item,Name,New\r\n,Recipe,\r\n0,,1.25\r\n1,,x\r\n2,,5\r\n");
+    for (std::string line; std::getline(lines, line);)
+        text += line + '\n';
+    const Outcome result = run({"import", "r.db3", "-"}, text);
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_NE(result.err.find("1 new recipe, 0 unknown items, 6 recipes not mentioned and left alone."),
+              std::string::npos)
+        << result.err;
+    EXPECT_EQ(query("r.db3", "SELECT * FROM data_2 WHERE column = 6"), Words{"6|1.25|x|5.0"});
+    EXPECT_EQ(query("r.db3", "SELECT * FROM lang_2 WHERE type = 2 AND strIndex = 6"),
+              Words{"2|6|New|New|New|New|New|New|New|New"});
+    EXPECT_EQ(query("r.db3", "SELECT column FROM recipe_config"), Words{"7"});
+    EXPECT_EQ(run({"check", "r.db3"}).code, 0);
+}
+
+TEST_F(Sheet, WithErrorsIsRefusedWholeWithEveryPlace)
+{
+    const std::string before = dump("r.db3");
+    std::string text = edited("-1.50,0.00,99.99", "warm,0.001,\"1,5\"");
+    text.replace(text.find("7,0,499"), 7, ",0.5,12345678");
+    const Outcome result = run({"import", "r.db3", "-"}, text);
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "recipe-file: -, row 3, column 5: the value is \"1,5\", expected a number with \".\" as its decimal mark "
+              "(see --decimal).\n"
+              "recipe-file: -, row 3, column 3: recipe 0 \"A\", item 0 \"Level, \"upper\"\": the value is \"warm\", "
+              "expected a number.\n"
+              "recipe-file: -, row 5, column 3: recipe 0 \"A\", item 2 \"Count\": the value is missing, expected a "
+              "number.\n"
+              "recipe-file: -, row 3, column 4: recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is \"0.001\", "
+              "expected at most 2 decimals.\n"
+              "recipe-file: -, row 5, column 4: recipe 1 \"=B\", item 2 \"Count\": the value is \"0.5\", expected a "
+              "whole number.\n"
+              "recipe-file: -, row 5, column 5: recipe 2 \"A\", item 2 \"Count\": the value is \"12345678\", expected "
+              "at most 5 digits.\n"
+              "recipe-file: - has 6 errors; nothing was changed.\n");
+    EXPECT_EQ(dump("r.db3"), before);
+    EXPECT_EQ(run({"diff", "r.db3", "-"}, text).code, 2);
+    EXPECT_EQ(files(), Words{"r.db3"});
+}
+
+TEST_F(Sheet, OutsideItsLimitsIsAWarningUnlessStrict)
+{
+    const std::string text = edited("-1.50,0.00", "-1.50,100.01");
+    const std::string sentence = "-, row 3, column 4: recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is "
+                                 "\"100.01\", expected -100.00 to 100.00.\n";
+    const Outcome strict = run({"import", "--strict", "r.db3", "-"}, text);
+    EXPECT_EQ(strict.code, 2);
+    EXPECT_EQ(strict.err.rfind("recipe-file: " + sentence, 0), 0U) << strict.err;
+    const Outcome lenient = run({"import", "r.db3", "-"}, text);
+    EXPECT_EQ(lenient.code, 0);
+    EXPECT_EQ(lenient.err.rfind("recipe-file: warning: " + sentence, 0), 0U) << lenient.err;
+    EXPECT_EQ(query("r.db3", "SELECT D0 FROM data_2 WHERE column = 1"), Words{"100.01"});
+}
+
+TEST_F(Sheet, WithRowsThatSlippedIsRefused)
+{
+    const Outcome result = run({"import", "r.db3", "-"}, edited("2,\"Count\"", "1,\"Count\""));
+    EXPECT_EQ(result.code, 2);
+    EXPECT_NE(result.err.find("-, row 5: the name of item 1 is \"Count\", expected \"Code\""), std::string::npos)
+        << result.err;
+}
+
+TEST_F(Sheet, NamesItemsThatTheFileDoesNotHave)
+{
+    const Outcome result = run({"import", "--dry-run", "r.db3", "-"}, edited("2,\"Count\"", ",\"Cuont\""));
+    EXPECT_EQ(result.code, 0);
+    EXPECT_NE(result.err.find("unknown item: row 5: \"Cuont\", did you mean \"Count\"?"), std::string::npos)
+        << result.err;
+    EXPECT_NE(result.err.find("1 unknown item."), std::string::npos) << result.err;
+    EXPECT_EQ(run({"diff", "r.db3", "-"}, edited("2,\"Count\"", ",\"Cuont\"")).code, 1);
+}
+
+TEST_F(Sheet, ThatIsNoneIsToldSo)
+{
+    EXPECT_EQ(run({"import", "r.db3", "-"}, "a,b\r\n").err,
+              "recipe-file: - does not start with the fields Item and Name, as an export does.\n");
+    EXPECT_EQ(run({"import", "r.db3", "-"}, "Item;Name;A\r\n").err,
+              "recipe-file: - does not start with the fields Item and Name, as an export does; another --delimiter may "
+              "be needed.\n");
+    EXPECT_EQ(run({"import", "r.db3", "-"}, "Item,Name,\xFC\r\n").err,
+              "recipe-file: - is not in UTF-8; save it as UTF-8 first.\n");
+    EXPECT_EQ(run({"import", "r.db3", "-"}, "Item,Name,\"A\r\n").code, 2);
+    EXPECT_EQ(run({"import", "r.db3", "r.db3"}).err,
+              "recipe-file: r.db3 is a recipe file; export it first, or compare it with diff.\n");
+    EXPECT_EQ(run({"diff", "r.db3", "none.csv"}).code, 2);
+}
+
+TEST_F(Sheet, MayStartWithAByteOrderMarkAndEndItsLinesWithLineFeeds)
+{
+    std::string text = "\xEF\xBB\xBFItem,Name,A\n,Recipe,0\n2,Count,8\n";
+    EXPECT_EQ(run({"import", "r.db3", "-"}, text).code, 0);
+    EXPECT_EQ(query("r.db3", "SELECT D2 FROM data_2 WHERE column = 0"), Words{"8.0"});
+}
+
+TEST_F(Sheet, WithoutNumbersGoesByNamesThatMustBeClear)
+{
+    EXPECT_EQ(run({"import", "r.db3", "-"}, "Item,Name,D\n2,,9\n").code, 0);
+    EXPECT_EQ(query("r.db3", "SELECT D2 FROM data_2 WHERE column = 3"), Words{"9.0"});
+    const Outcome result = run({"import", "r.db3", "-"}, "Item,Name,A\n2,,9\n");
+    EXPECT_EQ(result.code, 2);
+    EXPECT_NE(result.err.find("-, column 3: the recipe is \"A\", expected a name that one recipe has"),
+              std::string::npos)
+        << result.err;
+}
+
+TEST_F(Sheet, ChangesAreTheSameWithJsonOutput)
+{
+    const Outcome result = run({"import", "--json", "r.db3", "-"}, edited("-1.50,0.00", "-2.5,0.00"));
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_NE(result.out.find("\"changed\": 1"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("\"old\": \"-1.50\""), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("\"new\": \"-2.50\""), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("\"backup\": \"r.db3."), std::string::npos) << result.out;
+}
