@@ -6,6 +6,7 @@
 
 namespace {
 
+const char RESTORE[] = "Restore a backup (recipe-file restore).";
 const char TITLES[] = "Write it with recipe-file titles import.";
 
 } // namespace
@@ -101,8 +102,8 @@ void GroupChecker::checkTitleSet(int type, std::int64_t count, const std::string
         const auto rows = m_titleRows.find({type, i});
         const std::string place = what.empty() ? m_place : what == "item" ? itemPlace(i) : recipePlace(i);
         if (rows == m_titleRows.end())
-            fault("missing-title", place, "It has no title.", TITLES);
+            fault("missing-title", place, "It has no title.", RESTORE);
         else if (rows->second > 1)
-            fault("doubled-title", place, "It has " + std::to_string(rows->second) + " rows of titles.", TITLES);
+            fault("doubled-title", place, "It has " + std::to_string(rows->second) + " rows of titles.", RESTORE);
     }
 }

@@ -60,7 +60,7 @@ void GroupChecker::checkNumbering()
     for (; row.step(); ++expected) {
         if (!seen.insert(row.integer(0)).second)
             fault("doubled-recipe", recipePlace(row.integer(0)), "It stands in the file twice; a save changes both.",
-                  "Export the group, delete one of the two and write the file again, or restore a backup.");
+                  RESTORE);
         inOrder = inOrder && row.integer(0) == expected && row.text(1) == "integer";
     }
     for (std::int64_t i = 0; i < std::min<std::int64_t>(expected, m_config.recipes); ++i) {
