@@ -1,6 +1,7 @@
 // Files that no tool of ours wrote, or that a dying card has changed: status codes as always, no crash, no hang, and
 // memory bounded by what the file really holds.
 #include "storage_fixture.h"
+#include "wanted_leak.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -136,6 +137,7 @@ TEST_F(HostileFile, ThatIsEmptyOpensAndHasNoTables)
 TEST_F(HostileFile, ThatIsADirectoryDoesNotOpen)
 {
     ASSERT_TRUE(QDir().mkpath(path));
+    const WantedLeak handle;
     EXPECT_EQ(db->OpenRecipeFile(path), 1);
     EXPECT_FALSE(db->isOpen());
     doEverything();

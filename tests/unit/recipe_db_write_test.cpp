@@ -1,5 +1,6 @@
 // RecipeDB: its life, the schema and each single write, statement by statement and as read from outside.
 #include "storage_fixture.h"
+#include "wanted_leak.h"
 
 #include <QFile>
 
@@ -121,6 +122,7 @@ class Unopenable : public StorageTest, public testing::WithParamInterface<const 
 TEST_P(Unopenable, LeavesNoFileOpenAndCreatesNone)
 {
     openEmpty();
+    const WantedLeak handle; // of the directory
     EXPECT_EQ(db->OpenRecipeFile(text(GetParam())), 1);
     EXPECT_EQ(RecipeDBProbe::connection(*db), nullptr);
     EXPECT_EQ(db->createTable_RecipeConfig(), 1);
@@ -219,6 +221,42 @@ TEST_F(RecipeDBWrite, GroupsSeveralWritesOfItsCaller)
     EXPECT_EQ(outside("SELECT count(*) FROM recipe_config;"), "0");
     db->execCommit();
     EXPECT_EQ(outside("SELECT count(*) FROM recipe_config;"), "2");
+}
+
+TEST_F(RecipeDBWrite, HoldsTheEditsOfASaveTogether)
+{
+    makeGroup(1, 2);
+    ASSERT_EQ(db->beginEdits(), 0);
+    EXPECT_EQ(db->beginEdits(), 1); // one is open
+    ASSERT_EQ(db->updateTable_Data_Column_One(0, 0, 0, text("5")), 0);
+    ASSERT_EQ(db->updateTable_Data_Column_One(0, 1, 0, text("6")), 0);
+    EXPECT_EQ(outside("SELECT D0 FROM data_0;"), "0.0\n10000.0");
+    EXPECT_EQ(db->commitEdits(), 0);
+    EXPECT_EQ(outside("SELECT D0 FROM data_0;"), "5.0\n6.0");
+    EXPECT_EQ(db->commitEdits(), 1); // none is open
+}
+
+TEST_F(RecipeDBWrite, KeepsNothingOfASaveThatCannotBeCommitted)
+{
+    makeGroup(1, 2);
+    ASSERT_EQ(db->beginEdits(), 0);
+    ASSERT_EQ(db->updateTable_Data_Column_One(0, 0, 0, text("5")), 0);
+    {
+        OutsideSqlite other(path);
+        other.exec("BEGIN; SELECT * FROM data_0;"); // keeps a shared lock
+        SqliteErrors errors;
+        EXPECT_EQ(db->commitEdits(), 1);
+    }
+    EXPECT_FALSE(RecipeDBProbe::connection(*db)->inTransaction());
+    EXPECT_EQ(outside("SELECT D0 FROM data_0;"), "0.0\n10000.0");
+    EXPECT_EQ(db->updateTable_Data_Column_One(0, 0, 0, text("7")), 0);
+    EXPECT_EQ(outside("SELECT D0 FROM data_0;"), "7.0\n10000.0");
+}
+
+TEST_F(RecipeDBWrite, BeginsNoEditsWithoutAFile)
+{
+    EXPECT_EQ(db->beginEdits(), 1);
+    EXPECT_EQ(db->commitEdits(), 1);
 }
 
 // --- the schema, byte for byte -----------------------------------------------------------------------------------

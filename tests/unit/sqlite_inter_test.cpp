@@ -5,6 +5,7 @@
 #include "recipe_db_probe.h"
 #include "recipe_fixtures.h"
 #include "sqlite_errors.h"
+#include "wanted_leak.h"
 
 #include <QFile>
 
@@ -148,6 +149,7 @@ TEST_F(Sqlite, KeepsTheFirstFileWhenAskedToConnectAgain)
 
 TEST(SqliteConnect, FailsOnADirectoryAndStaysDisconnected)
 {
+    const WantedLeak handle;
     CSqliteInter inter;
     EXPECT_EQ(inter.connect("/usr/tabrix/project"), 0);
     EXPECT_EQ(inter.ping(), 0);
