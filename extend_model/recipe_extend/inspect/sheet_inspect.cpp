@@ -141,13 +141,16 @@ private:
 
     QJsonValue selection() const
     {
-        if (m.selectedColumn == NOTHING_SELECTED)
+        // Counted from the first visible line, so a scroll moves also what stands for "nothing".
+        if (m.firstColumn + m.selectedColumn <= NOTHING_SELECTED / 2)
             return QJsonValue::Null;
         const int column = m.firstColumn + m.selectedColumn;
         const int row = m.firstRow + m.selectedRow;
         QMutexLocker lock(&m.dataMutex);
         QJsonObject result = {{text("column"), column}, {text("rect"), rectOf(m.selectedRect)}};
         if (m.selectedRow == TITLE_ROW) {
+            result.insert(text("label"), columnName(column));
+        } else if (row <= NOTHING_SELECTED / 2) { // a recipe that the register chose
             result.insert(text("label"), columnName(column));
         } else {
             result.insert(text("row"), row);
