@@ -201,7 +201,7 @@ Comparison save(const BenchOptions& options, const GroupSize& size, int cells)
             return measure(Clock::Wall, [&] { bare->exec(withoutTransaction(*round % 2 ? even : odd)); });
         };
     }
-    comparison.rounds = rounds(options, 12);
+    comparison.rounds = rounds(options, cells == 1 ? 12 : 4);
     return comparison;
 }
 
