@@ -131,7 +131,8 @@ TEST_P(ExampleProject, IsFreeOfFaults)
         EXPECT_EQ(item.children.size(), 8);
 }
 
-INSTANTIATE_TEST_SUITE_P(Shipped, ExampleProject, testing::Values("bakery.project.json", "two-sheets.project.json"));
+INSTANTIATE_TEST_SUITE_P(Shipped, ExampleProject,
+                         testing::Values("bakery.project.json", "large.project.json", "two-sheets.project.json"));
 
 TEST(ProjectTree, HoldsPlacePropertiesAndChildrenWithTheirTypes)
 {
