@@ -55,6 +55,8 @@ CSqliteInter::CSqliteInter() : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFaile
 
 CSqliteInter::~CSqliteInter()
 {
+    // disconnect() alone leaves a connection with an open query open, and nobody could close it any more.
+    CSqliteInter::queryFilish();
     CSqliteInter::disconnect();
 }
 

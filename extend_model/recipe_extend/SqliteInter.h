@@ -20,7 +20,7 @@ public:
     CSqliteInter();
     CSqliteInter(const CSqliteInter&) = delete;
     CSqliteInter& operator=(const CSqliteInter&) = delete;
-    /// Disconnects.
+    /// Ends the open query, if any, and disconnects.
     virtual ~CSqliteInter();
 
     // The order of the virtual operations is fixed; calls between them go through the virtual table.
