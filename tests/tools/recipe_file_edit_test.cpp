@@ -296,3 +296,16 @@ TEST_F(Edit, RefusesAGroupWhoseTablesDisagree)
               "check.\n");
     EXPECT_EQ(files(), Words{"r.db3"});
 }
+
+TEST_F(Edit, WorksOnTheWidestGroup)
+{
+    ASSERT_EQ(run({"generate", "--items", "1999", "--recipes", "3", "wide.db3"}).code, 0);
+    EXPECT_EQ(run({"copy", "wide.db3", "0"}).err.find("recipe-file: copied recipe 0"), 0U);
+    EXPECT_EQ(run({"add", "wide.db3", "New", "--value", "1998=7"}).code, 0);
+    EXPECT_EQ(query("wide.db3", "SELECT count(DISTINCT D1998), count(DISTINCT D600) FROM data_0 WHERE column < 2"),
+              Words{"1|1"});
+    EXPECT_EQ(query("wide.db3", "SELECT D1998 FROM data_0 WHERE column = 4"), Words{"7.0"});
+    const Outcome sheet = run({"export", "wide.db3"});
+    EXPECT_EQ(run({"diff", "wide.db3", "-"}, sheet.out).code, 0);
+    EXPECT_EQ(run({"check", "wide.db3"}).code, 0);
+}

@@ -1,6 +1,10 @@
 #include "recipe_moves.h"
 
+#include <algorithm>
+
 namespace {
+
+const int COLUMNS_AT_A_TIME = 500;
 
 std::string number(std::int64_t value)
 {
@@ -20,17 +24,30 @@ void setCount(Database& database, const recipeTableInfo_t& group, std::int64_t r
                      + " WHERE group_index = " + number(group.groupIndex));
 }
 
+/// "D3, D4" for [3, 5).
+std::string columnList(int first, int end)
+{
+    std::string list;
+    for (int i = first; i < end; ++i)
+        list += (i > first ? ", D" : "D") + number(i);
+    return list;
+}
+
 void copyValues(Database& database, const recipeTableInfo_t& group, int recipe)
 {
     const std::string table = tableName("data_", group.groupIndex);
     const std::int64_t rowid = database.value("SELECT rowid FROM " + table + " WHERE column = " + number(recipe));
     openGap(database, table, rowid);
     database.execute("UPDATE " + table + " SET column = column + 1 WHERE column > " + number(recipe));
-    std::string columns;
-    for (int i = 0; i < group.items.size(); ++i)
-        columns += ", D" + number(i);
-    database.execute("INSERT INTO " + table + "(rowid, column" + columns + ") SELECT rowid + 1, column + 1" + columns
-                     + " FROM " + table + " WHERE rowid = " + number(rowid));
+    database.execute("INSERT INTO " + table + "(rowid, column) VALUES (" + number(rowid + 1) + ", " + number(recipe + 1)
+                     + ')');
+    // In pieces: with row number and recipe number, the widest group has more columns than a statement may name.
+    const int items = static_cast<int>(group.items.size());
+    for (int first = 0; first < items; first += COLUMNS_AT_A_TIME) {
+        const std::string columns = columnList(first, std::min(first + COLUMNS_AT_A_TIME, items));
+        database.execute("UPDATE " + table + " SET (" + columns + ") = (SELECT " + columns + " FROM " + table
+                         + " WHERE rowid = " + number(rowid) + ") WHERE rowid = " + number(rowid + 1));
+    }
 }
 
 void copyTitles(Database& database, const recipeTableInfo_t& group, int recipe, const QVector<QString>& titles)
