@@ -305,6 +305,11 @@ struct Refusal
     int code;
 };
 
+void PrintTo(const Refusal& refusal, std::ostream* out)
+{
+    *out << "code " << refusal.code << ", " << refusal.count << " times";
+}
+
 class GroupOnAFailingDisk : public GroupRewrite, public testing::WithParamInterface<Refusal>
 {
 };

@@ -171,6 +171,11 @@ struct Counts
     int recipes; // likewise
 };
 
+void PrintTo(const Counts& counts, std::ostream* out)
+{
+    *out << counts.row << " rows, " << counts.column << " columns";
+}
+
 class HostileCounts : public HostileFile, public testing::WithParamInterface<Counts>
 {
 };
@@ -250,6 +255,11 @@ struct Fault
     int load;    // of loadTable_Group
     int partial; // of loadTable_Group_Partial
 };
+
+void PrintTo(const Fault& fault, std::ostream* out)
+{
+    *out << fault.sql;
+}
 
 class HostileTables : public HostileFile, public testing::WithParamInterface<Fault>
 {

@@ -527,6 +527,11 @@ struct Wide
     unsigned long asULong;
 };
 
+void PrintTo(const Wide& wide, std::ostream* out)
+{
+    *out << wide.stored;
+}
+
 class WideField : public testing::TestWithParam<Wide>
 {
 };
