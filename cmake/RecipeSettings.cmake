@@ -7,6 +7,14 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON) # for clang-tidy and editors
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
+if(QT_MAJOR EQUAL 5)
+    set(QT_LEAST 5.15)
+elseif(QT_MAJOR EQUAL 6)
+    set(QT_LEAST 6.4)
+else()
+    message(FATAL_ERROR "QT_MAJOR is 5 or 6, not \"${QT_MAJOR}\". For Qt 4.8 build the plug-in with qmake.")
+endif()
+
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
@@ -25,9 +33,15 @@ endif()
 
 # Qt's own headers are system headers and warn nobody.
 function(recipe_target target standard)
+    if(QT_MAJOR EQUAL 6 AND standard LESS 17) # what Qt 6's headers ask for
+        set(standard 17)
+    endif()
     set_target_properties(${target} PROPERTIES CXX_STANDARD ${standard})
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-        $<$<BOOL:${RECIPE_WERROR}>:-Werror>)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow $<$<BOOL:${RECIPE_WERROR}>:-Werror>)
+    # Qt 6 counts in qsizetype, Qt 4 and 5 in int: the same sources are held to this one with Qt 5.
+    if(QT_MAJOR EQUAL 5)
+        target_compile_options(${target} PRIVATE -Wconversion)
+    endif()
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 endfunction()
 

@@ -1,6 +1,6 @@
 # Texts in the languages of operators: Qt Linguist sources (translations/*.ts) and what the build makes of them
 # (*.qm in the build tree's translations folder, beside the folders of the programs).
-find_package(Qt5 5.15 REQUIRED COMPONENTS LinguistTools)
+find_package(Qt${QT_MAJOR} ${QT_LEAST} REQUIRED COMPONENTS LinguistTools)
 
 set(RECIPE_LANGUAGES de fr es it ru zh_CN ja)
 
@@ -15,10 +15,10 @@ function(recipe_translations target)
         list(APPEND ts "${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FAMILY}_${language}.ts")
     endforeach()
     set_source_files_properties(${ts} PROPERTIES OUTPUT_LOCATION "${PROJECT_BINARY_DIR}/translations")
-    qt5_add_translation(compiled ${ts} OPTIONS -silent)
+    cmake_language(CALL "qt${QT_MAJOR}_add_translation" compiled ${ts} OPTIONS -silent)
     add_custom_target(${target} ALL DEPENDS ${compiled})
     add_custom_target(${target}-update
-        COMMAND Qt5::lupdate -locations none -no-obsolete "${ARG_SOURCES}" -ts ${ts}
+        COMMAND Qt${QT_MAJOR}::lupdate -locations none -no-obsolete "${ARG_SOURCES}" -ts ${ts}
         COMMENT "Taking the texts of ${ARG_SOURCES} over"
         VERBATIM)
 endfunction()

@@ -236,7 +236,7 @@ void PanelSession::logTouch(const QMouseEvent& event)
     m_log.write(isMove      ? "move"
                 : isRelease ? "release"
                             : "press",
-                {{text("x"), event.x()}, {text("y"), event.y()}, {text("item"), name}});
+                {{text("x"), event.pos().x()}, {text("y"), event.pos().y()}, {text("item"), name}});
 }
 
 QJsonObject PanelSession::pendingNow() const

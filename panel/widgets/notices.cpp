@@ -75,7 +75,7 @@ void Notices::clear()
 
 int Notices::visibleCount() const
 {
-    return std::min(MOST_VISIBLE, m_notices.size());
+    return std::min(MOST_VISIBLE, static_cast<int>(m_notices.size()));
 }
 
 void Notices::remove(int index)

@@ -28,12 +28,12 @@ object* object::child(const QString& childName) const
 namespace {
 
 /// Null where the object or the key is missing or the value has another type.
-const QVariant* findProperty(const object* obj, const char* key, QVariant::Type type)
+const QVariant* findProperty(const object* obj, const char* key, int type)
 {
     if (!obj)
         return nullptr;
     const QHash<QString, QVariant>::const_iterator it = obj->properties.constFind(QString::fromUtf8(key));
-    return it != obj->properties.constEnd() && it->type() == type ? &it.value() : nullptr;
+    return it != obj->properties.constEnd() && it->userType() == type ? &it.value() : nullptr;
 }
 
 } // namespace
@@ -56,19 +56,19 @@ object* object_get_child(object* parent, const char* name)
 
 int object_get_property_value_type_int32(object* obj, const char* key, int defaultValue)
 {
-    const QVariant* value = findProperty(obj, key, QVariant::Int);
+    const QVariant* value = findProperty(obj, key, QMetaType::Int);
     return value ? value->toInt() : defaultValue;
 }
 
 QString object_get_property_value_type_string(object* obj, const char* key, const QString& defaultValue)
 {
-    const QVariant* value = findProperty(obj, key, QVariant::String);
+    const QVariant* value = findProperty(obj, key, QMetaType::QString);
     return value ? value->toString() : defaultValue;
 }
 
 QColor object_get_property_value_type_color(object* obj, const char* key, const QColor& defaultValue)
 {
-    const QVariant* value = findProperty(obj, key, QVariant::Color);
+    const QVariant* value = findProperty(obj, key, QMetaType::QColor);
     return value ? value->value<QColor>() : defaultValue;
 }
 

@@ -117,17 +117,13 @@ inline QVector<QString> eight(const QString& first)
     return result;
 }
 
-inline std::vector<std::string> plain(const QVector<QString>& texts)
+/// A QVector or QList of texts, which are one type in Qt 6.
+template <typename Texts> std::vector<std::string> plain(const Texts& texts)
 {
     std::vector<std::string> result;
     for (const QString& each : texts)
         result.push_back(each.toStdString());
     return result;
-}
-
-inline std::vector<std::string> plain(const QList<QString>& texts)
-{
-    return plain(texts.toVector());
 }
 
 #endif

@@ -1,6 +1,6 @@
 #include "outcome.h"
 
-#include <QTextCodec>
+#include <QString>
 
 namespace {
 
@@ -24,9 +24,9 @@ std::string Problem::text() const
 
 void requireUtf8(const std::string& text, const std::string& fileName)
 {
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(text.data(), static_cast<int>(text.size()), &state);
-    if (state.invalidChars > 0 || state.remainingChars > 0)
+    // What is not UTF-8 is read as U+FFFD and does not come back as it was. Behind a letter Qt keeps a byte order mark.
+    const std::string kept = 'x' + text;
+    if (QString::fromUtf8(kept.data(), static_cast<int>(kept.size())).toStdString() != kept)
         throw ToolError(fileName + " is not in UTF-8; save it as UTF-8 first.");
 }
 
