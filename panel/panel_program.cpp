@@ -34,12 +34,16 @@ void tell(const QStringList& sentences)
         tell(sentence);
 }
 
-/// The library of the build that this program belongs to.
+/// The library of the build or of the installation that this program belongs to.
 QString defaultPlugin()
 {
     const QDir here(QCoreApplication::applicationDirPath());
-    const QString beside = here.filePath(text("libRecipeSheet.so"));
-    return QFileInfo::exists(beside) ? beside : QDir::cleanPath(here.filePath(text("../lib/libRecipeSheet.so")));
+    for (const char* folder : {".", "../lib"}) {
+        const QString fileName = QDir(here.filePath(text(folder))).filePath(text("libRecipeSheet.so"));
+        if (QFileInfo::exists(fileName))
+            return QDir::cleanPath(fileName);
+    }
+    return QDir::cleanPath(here.filePath(text(INSTALLED_PLUGIN_FOLDER "/libRecipeSheet.so")));
 }
 
 /// The same looks on every desk: one style, one font.

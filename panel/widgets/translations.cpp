@@ -1,6 +1,8 @@
 #include "translations.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 
 namespace {
 
@@ -15,7 +17,9 @@ const char* const BOX_BUTTONS[] = {
 
 QString Translations::folderBesideProgram()
 {
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/../translations");
+    const QDir here(QCoreApplication::applicationDirPath());
+    const QString built = here.filePath(QStringLiteral("../translations"));
+    return QFileInfo::exists(built) ? built : here.filePath(QStringLiteral(INSTALLED_TRANSLATION_FOLDER));
 }
 
 QString Translations::code(int language)
