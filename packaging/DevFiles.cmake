@@ -2,9 +2,6 @@
 # plug-in), a CMake package and two pkg-config files.
 set(runtime_headers_dir "${CMAKE_INSTALL_INCLUDEDIR}/hmi-runtime")
 set(records_headers_dir "${CMAKE_INSTALL_INCLUDEDIR}/recipe-sheet")
-if(NOT DEFINED QT_MAJOR)
-    set(QT_MAJOR 5)
-endif()
 
 add_library(recipe_dev_runtime INTERFACE)
 set_target_properties(recipe_dev_runtime PROPERTIES EXPORT_NAME Runtime)
