@@ -24,7 +24,12 @@ inline std::string demangled(const char* name)
 {
     int status = 0;
     const std::unique_ptr<char, void (*)(void*)> text(abi::__cxa_demangle(name, nullptr, nullptr, &status), &std::free);
-    return status == 0 ? text.get() : name;
+    std::string readable = status == 0 ? text.get() : name;
+    // In Qt 6 they are one type.
+    const std::string strings = "QList<QString>";
+    for (size_t at = readable.find(strings); at != std::string::npos; at = readable.find(strings))
+        readable.replace(at, strings.size(), "QStringList");
+    return readable;
 }
 
 /// The lines that a command prints.
