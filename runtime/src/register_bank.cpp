@@ -8,6 +8,9 @@ namespace {
 const int WORD_MASK = 0xffff;
 const int HIGHEST_ADDRESS = 65535;
 const char INTERNAL_WORD[] = "LW";
+const char INTERNAL_DEVICE[] = "Internal storage area";
+const int NO_LINK_ID = -1;
+const int LINK_UP = 0;
 
 bool validRange(int address, int count)
 {
@@ -36,12 +39,13 @@ bool RegisterBank::readWords(int station, int address, int count, int* values)
 bool RegisterBank::writeWords(const QString& deviceName, const QString& registerType, int address, int subAddress,
                               int count, const int* values)
 {
-    Q_UNUSED(deviceName)
     Q_UNUSED(subAddress)
-    if (!validRange(address, count) || !values)
+    const bool isDown = m_links.contains(deviceName) && m_links.value(deviceName).status != LINK_UP;
+    if (isDown || !validRange(address, count) || !values)
         return false;
+    const QString type = typeOf(deviceName, registerType);
     for (int i = 0; i < count; ++i)
-        setWord(registerType, address + i, values[i]);
+        setWord(type, address + i, values[i]);
     return true;
 }
 
@@ -75,9 +79,48 @@ void RegisterBank::setWord(const QString& registerType, int address, int value)
         Runtime::instance().notify(Runtime::addressText(registerType, address));
 }
 
+bool RegisterBank::isWritten(const QString& registerType, int address) const
+{
+    return m_words.value(registerType).contains(address);
+}
+
 void RegisterBank::setLink(const QString& deviceName, const LinkValue& link)
 {
-    m_links.insert(deviceName, link);
+    if (link.linkId == NO_LINK_ID)
+        m_links.remove(deviceName);
+    else
+        m_links.insert(deviceName, link);
+}
+
+QString RegisterBank::typeOf(const QString& deviceName, const QString& registerType) const
+{
+    return m_links.contains(deviceName) ? deviceName + QLatin1Char(':') + registerType : registerType;
+}
+
+RegisterBank::Reach RegisterBank::reach(const RegisterWrite& write) const
+{
+    const bool isInternal = write.deviceName == QString::fromLatin1(INTERNAL_DEVICE);
+    if (!isInternal && !m_links.contains(write.deviceName))
+        return NO_LINK;
+    if (!isInternal && m_links.value(write.deviceName).status != LINK_UP)
+        return LINK_DOWN;
+    if (write.registerType.isEmpty() || !validRange(write.address, write.words.size()))
+        return NO_REGISTER;
+    return REACHABLE;
+}
+
+bool RegisterBank::writeTogether(const QList<RegisterWrite>& writes)
+{
+    for (int i = 0; i < writes.size(); ++i) {
+        if (reach(writes.at(i)) != REACHABLE)
+            return false;
+    }
+    for (int i = 0; i < writes.size(); ++i) {
+        const QString type = typeOf(writes.at(i).deviceName, writes.at(i).registerType);
+        for (int w = 0; w < writes.at(i).words.size(); ++w)
+            setWord(type, writes.at(i).address + w, writes.at(i).words.at(w));
+    }
+    return true;
 }
 
 void RegisterBank::setListener(RegisterListener* listener)

@@ -198,6 +198,92 @@ TEST_F(DeskRuntime, KnowsTheLinksThatWereSetAndNoOthers)
     EXPECT_EQ(registers.linkValue(QStringLiteral("PLC 2")).linkId, -1);
 }
 
+// --- controllers -------------------------------------------------------------------------------------------------
+
+namespace {
+
+const QString PLC = QStringLiteral("PLC");
+const QString D = QStringLiteral("D");
+
+LinkValue link(int status)
+{
+    LinkValue value;
+    value.linkId = 0;
+    value.status = status;
+    return value;
+}
+
+RegisterWrite toRegister(const QString& device, const QString& type, int address, const QVector<quint16>& words)
+{
+    RegisterWrite write;
+    write.deviceName = device;
+    write.registerType = type;
+    write.address = address;
+    write.words = words;
+    return write;
+}
+
+} // namespace
+
+TEST_F(DeskRuntime, ForgetsALinkThatIsTakenAway)
+{
+    registers.setLink(PLC, link(0));
+    registers.setLink(PLC, LinkValue());
+    EXPECT_EQ(registers.linkValue(PLC).linkId, -1);
+    EXPECT_EQ(registers.reach(toRegister(PLC, D, 5, {1})), RegisterBank::NO_LINK);
+}
+
+TEST_F(DeskRuntime, KeepsTheRegistersOfControllersApart)
+{
+    registers.setLink(PLC, link(0));
+    registers.setLink(QStringLiteral("PLC 2"), link(0));
+    ASSERT_TRUE(registers.writeTogether({toRegister(PLC, D, 5, {1, 2}), toRegister(QStringLiteral("PLC 2"), D, 5, {3}),
+                                         toRegister(QStringLiteral("Internal storage area"), LW, 5, {4})}));
+    EXPECT_EQ(registers.word(QStringLiteral("PLC:D"), 5), 1);
+    EXPECT_EQ(registers.word(QStringLiteral("PLC:D"), 6), 2);
+    EXPECT_EQ(registers.word(QStringLiteral("PLC 2:D"), 5), 3);
+    EXPECT_EQ(registers.word(D, 5), 0);
+    EXPECT_EQ(registers.word(LW, 5), 4);
+    const int value = 9;
+    EXPECT_TRUE(registers.writeWords(PLC, D, 5, 0, 1, &value));
+    EXPECT_EQ(registers.word(QStringLiteral("PLC:D"), 5), 9);
+}
+
+TEST_F(DeskRuntime, WritesNothingOverALinkThatIsDown)
+{
+    registers.setLink(PLC, link(1));
+    const int value = 9;
+    EXPECT_FALSE(registers.writeWords(PLC, D, 5, 0, 1, &value));
+    EXPECT_EQ(registers.reach(toRegister(PLC, D, 5, {1})), RegisterBank::LINK_DOWN);
+    EXPECT_EQ(registers.word(QStringLiteral("PLC:D"), 5), 0);
+}
+
+TEST_F(DeskRuntime, WritesTogetherAllOrNothing)
+{
+    registers.setLink(PLC, link(0));
+    registers.setLink(QStringLiteral("off"), link(1));
+    HeardRegisters accesses;
+    registers.setListener(&accesses);
+    for (const RegisterWrite& wrong :
+         {toRegister(QStringLiteral("off"), D, 5, {1}), toRegister(QStringLiteral("nobody"), D, 5, {1}),
+          toRegister(PLC, QString(), 5, {1}), toRegister(PLC, D, -1, {1}), toRegister(PLC, D, 65535, {1, 1}),
+          toRegister(PLC, D, 5, {})}) {
+        EXPECT_FALSE(registers.writeTogether({toRegister(PLC, D, 1, {1}), wrong, toRegister(PLC, D, 2, {2})}));
+        EXPECT_EQ(accesses.log, QStringList());
+    }
+    EXPECT_TRUE(registers.writeTogether({toRegister(PLC, D, 65535, {1}), toRegister(PLC, D, 0, {2})}));
+    EXPECT_EQ(accesses.log,
+              QStringList({QStringLiteral("write PLC:D 65535 0->1"), QStringLiteral("write PLC:D 0 0->2")}));
+}
+
+TEST_F(DeskRuntime, KnowsWhetherAWordWasEverWritten)
+{
+    EXPECT_FALSE(registers.isWritten(LW, 60803));
+    write(60803, 0);
+    EXPECT_TRUE(registers.isWritten(LW, 60803));
+    EXPECT_FALSE(registers.isWritten(LW, 60802));
+}
+
 TEST_F(DeskRuntime, WritesAddressesAsStationSubAddressTypeAndNumber)
 {
     QStringList addresses(QStringLiteral("before"));
