@@ -412,6 +412,55 @@ void readPanel(const Json& root, ObjectReader& reader, ProjectPanel& panel, Repo
     keys.refuseUnknownKeys();
 }
 
+const int HIGHEST_LINK_NUMBER = 65535;
+
+/// A name that an address can hold; the panel's own registers need no link.
+QString readDevice(ObjectReader& keys, Report& report)
+{
+    const QString device = keys.requiredText("device");
+    if (device.contains(QLatin1Char(',')) || device == text("Internal storage area"))
+        report.add(keys.at(text("device")), text("found %1").arg(quoted(device)),
+                   text("the name of a controller, without a comma"));
+    return device;
+}
+
+ProjectLink readLink(const Json& json, const QString& path, int number, Report& report)
+{
+    ProjectLink link;
+    ObjectReader keys(json, path, report);
+    link.device = readDevice(keys, report);
+    link.number = keys.number("number", 0, HIGHEST_LINK_NUMBER, number);
+    if (const Json* up = keys.value(text("up"))) {
+        if (up->is_boolean())
+            link.isUp = up->get<bool>();
+        else
+            report.add(keys.at(text("up")), text("found %1").arg(shown(*up)), text("true or false"));
+    }
+    keys.refuseUnknownKeys();
+    return link;
+}
+
+void readLinks(ObjectReader& reader, QList<ProjectLink>& links, Report& report)
+{
+    if (!reader.value(text("links")))
+        return;
+    const Json* list = reader.value("links", Json::value_t::array, "a list of links");
+    QSet<QString> devices;
+    for (std::size_t i = 0; list && i < list->size(); ++i) {
+        const QString path = text("links[%1]").arg(i);
+        if (!list->at(i).is_object()) {
+            report.add(path, text("found %1").arg(shown(list->at(i))), text("an object that describes a link"));
+            continue;
+        }
+        const ProjectLink link = readLink(list->at(i), path, static_cast<int>(i) + 1, report);
+        if (!link.device.isEmpty() && devices.contains(link.device))
+            report.add(path + text(".device"), text("found %1 a second time").arg(quoted(link.device)),
+                       text("one link for each device"));
+        devices.insert(link.device);
+        links.append(link);
+    }
+}
+
 bool isLanguage(const QString& childName)
 {
     for (int i = 1; i <= ProjectFile::LANGUAGES; ++i) {
@@ -620,6 +669,7 @@ bool ProjectFile::load(const QString& fileName)
 {
     m_problems.clear();
     m_items.clear();
+    m_links.clear();
     m_panel = ProjectPanel();
     Report report(fileName, m_problems);
     try {
@@ -627,6 +677,7 @@ bool ProjectFile::load(const QString& fileName)
         if (readJson(fileName, root, report)) {
             ObjectReader reader(root, QString(), report);
             readPanel(root, reader, m_panel, report);
+            readLinks(reader, m_links, report);
             readItems(reader, m_rules, m_items, report);
             reader.refuseUnknownKeys();
         }

@@ -3,6 +3,7 @@
 //
 //   {
 //     "panel": { "width": 800, "height": 480, "dpi": 110, "language": 1, "background": "#202428" },
+//     "links": [ { "device": "Bakery controller", "number": 1, "up": true } ],
 //     "items": [
 //       { "type": "RecipeSheet", "name": "dough", "x": 0, "y": 0, "width": 800, "height": 480,
 //         "properties": { "rows_num_page": 10 },
@@ -76,6 +77,16 @@ struct ProjectPanel
     ProjectPanel();
 };
 
+/// The link to a controller, which the desk plays.
+struct ProjectLink
+{
+    QString device; ///< as addresses in recipe files name it
+    int number;     ///< the link number
+    bool isUp;
+
+    ProjectLink() : number(0), isUp(true) {}
+};
+
 struct ProjectChild
 {
     QString name;
@@ -112,6 +123,7 @@ public:
 
     const QStringList& problems() const { return m_problems; }
     const ProjectPanel& panel() const { return m_panel; }
+    const QList<ProjectLink>& links() const { return m_links; }
     const QList<ProjectItem>& items() const { return m_items; }
 
     /// The root of the project with one child per item, in the order of `items`. The caller owns it. Without a
@@ -122,6 +134,7 @@ private:
     QHash<QString, ItemTypeRules> m_rules; // by type
     QStringList m_problems;
     ProjectPanel m_panel;
+    QList<ProjectLink> m_links;
     QList<ProjectItem> m_items;
 };
 

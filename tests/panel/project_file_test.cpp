@@ -134,6 +134,23 @@ TEST_P(ExampleProject, IsFreeOfFaults)
 INSTANTIATE_TEST_SUITE_P(Shipped, ExampleProject,
                          testing::Values("bakery.project.json", "large.project.json", "two-sheets.project.json"));
 
+TEST(ProjectFile, NamesTheLinksToControllers)
+{
+    ProjectFile project;
+    ASSERT_TRUE(project.load(written(R"({
+        "panel": {"width": 8, "height": 4}, "items": [],
+        "links": [{"device": "Mixer"}, {"device": "Oven", "number": 7, "up": false}]
+})"))) << joined(project.problems()).toStdString();
+    ASSERT_EQ(project.links().size(), 2);
+    EXPECT_EQ(project.links().at(0).device, latin("Mixer"));
+    EXPECT_EQ(project.links().at(0).number, 1) << "counted from 1 where nobody says";
+    EXPECT_TRUE(project.links().at(0).isUp);
+    EXPECT_EQ(project.links().at(1).number, 7);
+    EXPECT_FALSE(project.links().at(1).isUp);
+    ASSERT_TRUE(project.load(written(R"({"panel": {"width": 8, "height": 4}, "items": []})")));
+    EXPECT_EQ(project.links().size(), 0);
+}
+
 TEST(ProjectTree, HoldsPlacePropertiesAndChildrenWithTheirTypes)
 {
     ProjectFile project;
