@@ -6,6 +6,9 @@
 
 namespace {
 
+constexpr int LINK_UP = 0;
+constexpr int LINK_DOWN = 1;
+
 QString text(const char* latin)
 {
     return QString::fromLatin1(latin);
@@ -65,6 +68,47 @@ const PluginLibrary* Panel::pluginFor(const QString& typeName) const
     return nullptr;
 }
 
+const PluginLibrary* Panel::recipeLoader() const
+{
+    for (const auto& plugin : m_plugins) {
+        if (plugin->hasLoader())
+            return plugin.get();
+    }
+    return nullptr;
+}
+
+// --- links -------------------------------------------------------------------------------------------------------
+
+void Panel::openLinks()
+{
+    m_links = m_project.links();
+    for (int i = 0; i < m_links.size(); ++i)
+        setLink(m_links.at(i).device, m_links.at(i).isUp);
+}
+
+void Panel::closeLinks()
+{
+    for (const ProjectLink& link : m_links)
+        Runtime::instance().registers().setLink(link.device, LinkValue());
+    m_links.clear();
+}
+
+bool Panel::setLink(const QString& device, bool up)
+{
+    for (int i = 0; i < m_links.size(); ++i) {
+        if (m_links.at(i).device != device)
+            continue;
+        m_links[i].isUp = up;
+        LinkValue value;
+        value.linkId = i;
+        value.status = up ? LINK_UP : LINK_DOWN;
+        value.linkNumber = m_links.at(i).number;
+        Runtime::instance().registers().setLink(device, value);
+        return true;
+    }
+    return false;
+}
+
 // --- the project -------------------------------------------------------------------------------------------------
 
 bool Panel::open(const QString& fileName, int language)
@@ -81,6 +125,7 @@ bool Panel::open(const QString& fileName, int language)
     // The project is there before its items: their constructors ask for it.
     object* tree = m_project.createTree(this);
     runtime.setProject(tree);
+    openLinks();
     createItems(tree);
     return true;
 }
@@ -90,6 +135,7 @@ void Panel::close()
     settle(); // what is on its way may still point to the items
     m_items.clear();
     m_scene.clear();
+    closeLinks();
     Runtime::instance().setProject(nullptr);
 }
 

@@ -41,6 +41,13 @@ public:
     const ProjectPanel& settings() const { return m_project.panel(); }
     QGraphicsScene& scene() { return m_scene; }
     const std::vector<Item>& items() const { return m_items; }
+    /// The library that loads recipes, the first that can; null: none can.
+    const PluginLibrary* recipeLoader() const;
+
+    /// The links of the project as they are now.
+    const QList<ProjectLink>& links() const { return m_links; }
+    /// Takes a link down or up. False: the project has no such link.
+    bool setLink(const QString& device, bool up);
 
     /// Lets events, notifications and what follows from them run until none is waiting.
     static void settle();
@@ -49,6 +56,8 @@ private:
     object* createItemObject(const QString& typeName, const QString& name) override;
     const PluginLibrary* pluginFor(const QString& typeName) const;
     void loadRules(const PluginLibrary& plugin);
+    void openLinks();
+    void closeLinks();
     void createItems(object* tree);
     bool createItem(const ProjectItem& described, object* properties, const PluginLibrary& plugin);
 
@@ -56,6 +65,7 @@ private:
     ProjectFile m_project;
     QGraphicsScene m_scene;
     std::vector<Item> m_items;
+    QList<ProjectLink> m_links;
     QStringList m_problems;
 };
 

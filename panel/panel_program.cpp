@@ -156,8 +156,9 @@ private:
     {
         QDir().mkpath(m_options.output); // what cannot be made is told by the first file that is to go there
         ScriptPlayer player(m_script, {m_panel, *m_session, *m_screen, m_manualClock, m_translations, m_options.output,
-                                       [this](const ScriptPosition& from, bool orderly) { restart(from, orderly); }});
-        const QStringList unknown = player.unknownItems();
+                                       [this](const ScriptPosition& from, bool orderly) { restart(from, orderly); },
+                                       m_window.get()});
+        const QStringList unknown = player.unknownNames();
         if (!unknown.isEmpty()) {
             tell(unknown);
             return EXIT_FAULTY;

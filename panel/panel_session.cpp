@@ -13,6 +13,7 @@ namespace {
 constexpr int RELOAD_REGISTER = 4; // "LWF" 4 asks all sheets to reload
 const QJsonObject NOTHING_PENDING = {{QString::fromLatin1("cells"), QJsonArray()},
                                      {QString::fromLatin1("titles"), QJsonArray()}};
+constexpr int MOST_ANNOUNCED = 500;
 constexpr int POLL_MILLISECONDS = 2; // a worker's end raises no event of its own
 
 QString text(const char* latin)
@@ -121,6 +122,48 @@ void PanelSession::wordWritten(const QString& registerType, int address, int old
                           {text("new"), newValue}});
     if (newValue != oldValue)
         Q_EMIT changed(registerType, address, newValue);
+}
+
+// --- sending recipes ---------------------------------------------------------------------------------------------
+
+bool PanelSession::sendRecipe()
+{
+    RecipeTransfer transfer(Runtime::instance().registers());
+    bool isSent = false;
+    if (isBusy()) {
+        transfer.refuseWhileBusy();
+    } else if (transfer.prepare(m_panel.recipeLoader())) {
+        announce(transfer);
+        isSent = transfer.send();
+    }
+    m_lastTransfer = transfer.description();
+    m_log.write("transfer", m_lastTransfer);
+    messageBox(transfer.message(), 0, 0);
+    if (isSent && hasPending())
+        messageBox(tr("Changes that are not saved were not sent."), 0, 0);
+    return isSent;
+}
+
+/// Whoever watches registers can take them up before they change. A recipe may have thousands; nobody looks at those.
+void PanelSession::announce(const RecipeTransfer& transfer)
+{
+    int left = MOST_ANNOUNCED;
+    for (const RecipeTransfer::Value& value : transfer.values()) {
+        const QString type = Runtime::instance().registers().typeOf(value.write.deviceName, value.write.registerType);
+        for (int i = 0; i < value.write.words.size() && left > 0; ++i, --left) {
+            const QString name = i == 0 ? value.name : text("%1 +%2").arg(value.name, QString::number(i));
+            Q_EMIT recipeRegister(type, value.write.address + i, name);
+        }
+    }
+}
+
+bool PanelSession::setLink(const QString& device, bool up)
+{
+    if (!m_panel.setLink(device, up))
+        return false;
+    m_log.write("link", {{text("device"), device}, {text("up"), up}});
+    Q_EMIT linkChanged(device, up);
+    return true;
 }
 
 // --- requests ----------------------------------------------------------------------------------------------------
@@ -248,6 +291,15 @@ QJsonObject PanelSession::pendingNow() const
                       QJsonObject{{text("cells"), shown.pendingCells()}, {text("titles"), shown.pendingTitles()}});
     }
     return result;
+}
+
+bool PanelSession::hasPending() const
+{
+    for (const QJsonValue& item : pendingNow()) {
+        if (item != NOTHING_PENDING)
+            return true;
+    }
+    return false;
 }
 
 /// Edits that were pending after the last entry and are gone now have been saved.

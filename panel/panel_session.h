@@ -7,6 +7,7 @@
 #include "item_state.h"
 #include "panel.h"
 #include "panel_screen.h"
+#include "recipe_transfer.h"
 #include "register_access.h"
 
 #include <QMap>
@@ -18,6 +19,7 @@ class QMessageBox;
 
 class PanelSession : public RegisterAccess, private RuntimeListener, private RegisterListener
 {
+    Q_OBJECT
 public:
     /// The panel has its project open. Nothing is owned; all must outlive this.
     PanelSession(Panel& panel, PanelScreen& screen, EventLog& log);
@@ -35,6 +37,14 @@ public:
     int word(const QString& type, int address) const override;
     bool force(const QString& type, int address, int value) override;
 
+    /// Sends the selected recipe to its controllers and tells the operator how that went. False: nothing was sent.
+    bool sendRecipe();
+    /// How the last one went, as the log has it; empty before the first.
+    const QJsonObject& lastTransfer() const { return m_lastTransfer; }
+    const QList<ProjectLink>& links() const { return m_panel.links(); }
+    /// False: the project has no link to that device.
+    bool setLink(const QString& device, bool up);
+
     /// Messages to the operator that no one has taken yet, the oldest first.
     QStringList& messages() { return m_messages; }
     /// What the keyboard was told when it was opened last.
@@ -43,6 +53,11 @@ public:
     bool answer(bool yes);
     /// The item that was touched last; null before.
     const Panel::Item* touched() const;
+
+Q_SIGNALS:
+    /// A register that part of a recipe is about to be written to, and what it is for.
+    void recipeRegister(const QString& type, int address, const QString& name);
+    void linkChanged(const QString& device, bool up);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -60,14 +75,18 @@ private:
     void logTouch(const QMouseEvent& event);
     void confirmationOpened(QMessageBox* box);
 
+    void announce(const RecipeTransfer& transfer);
+
     // saves are seen as pending edits that are gone
     QJsonObject pendingNow() const;
+    bool hasPending() const;
     void logSaves();
 
     Panel& m_panel;
     PanelScreen& m_screen;
     EventLog& m_log;
     QStringList m_messages;
+    QJsonObject m_lastTransfer;
     QSet<QPair<QString, int>> m_registers;
     KeyboardParameters m_askedLast;
     QPoint m_lastTouch;

@@ -2,22 +2,35 @@
 #include "panel_window.h"
 
 #include "register_view.h"
+#include "transfer_box.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int NARROWEST_SIDE = 490; // pixels; names and registers of controllers can be read
+
+} // namespace
+
 PanelWindow::PanelWindow(PanelScreen& screen, PanelSession& session, PanelClock& clock, Translations& translations)
     : m_screen(screen), m_session(session), m_translations(translations)
 {
     QWidget* side = new QWidget(this);
+    side->setMinimumWidth(NARROWEST_SIDE);
     QVBoxLayout* column = new QVBoxLayout(side);
     column->addWidget(languageChoice());
+    column->addWidget(new TransferBox(session, side));
     RegisterView* registers = new RegisterView(session, clock, side);
     const auto known = session.knownRegisters();
     for (auto it = known.constBegin(); it != known.constEnd(); ++it)
         registers->model().watch(it.key().first, it.key().second);
+    connect(&session, &PanelSession::recipeRegister, registers,
+            [registers](const QString& type, int address, const QString& name) {
+                registers->model().watch(type, address, name);
+            });
     column->addWidget(registers);
 
     QWidget* middle = new QWidget(this);

@@ -13,6 +13,8 @@ namespace {
 constexpr char GET_ITEM_NAME[] = "getItemName";
 constexpr char CREATE_ITEM[] = "createItem";
 constexpr char CREATE_OBJECT[] = "_Z18item_object_create7QStringS_"; // item_object_create(QString, QString)
+// loadRecipe2Struct_start_end(int, int, int, recipeTableInfo_t&, InterfaceComm*)
+constexpr char LOAD_RECIPES[] = "_Z27loadRecipe2Struct_start_endiiiR17recipeTableInfo_tP13InterfaceComm";
 constexpr char DESCRIBE_ITEM[] = "describeItem";
 
 QString text(const char* latin)
@@ -73,6 +75,7 @@ bool PluginLibrary::findEntryPoints(QString& problem)
     const auto getItemName = find<GetItemName>(m_handle, GET_ITEM_NAME);
     m_createItem = find<CreateItem>(m_handle, CREATE_ITEM);
     m_createObject = find<CreateObject>(m_handle, CREATE_OBJECT);
+    m_loadRecipes = find<LoadRecipes>(m_handle, LOAD_RECIPES);
 
     QStringList missing;
     if (!getItemName)

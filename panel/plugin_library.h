@@ -7,7 +7,9 @@
 #include <QString>
 
 class HMIBaseItem;
+class InterfaceComm;
 class object;
+struct recipeTableInfo_t;
 
 class PluginLibrary
 {
@@ -25,6 +27,15 @@ public:
     HMIBaseItem* createItem() const { return m_createItem(); }
     /// A property object for an item; the runtime adopts it.
     object* createObject(const QString& objectName) const { return m_createObject(m_typeName, objectName); }
+    /// Whether the library exports a loader for recipes; a plug-in need not.
+    bool hasLoader() const { return m_loadRecipes != nullptr; }
+    /// Calls the loader: recipes [start, start + count) of a group. The record is the caller's; its texts and lists are
+    /// Qt's and may outlive the call. Library and program must be built with the same recipe_records.h. False: the
+    /// loader could not, and the record is cleared.
+    bool loadRecipes(int group, int start, int count, recipeTableInfo_t& info, InterfaceComm* links) const
+    {
+        return m_loadRecipes(group, start, count, info, links) != 0;
+    }
     /// What an item shows, as JSON text. Empty where nobody tells: describeItem(const HMIBaseItem*) is an optional
     /// entry point of the plug-in or of the library "<type>.inspect.so" beside it.
     QByteArray describe(const HMIBaseItem* item) const;
@@ -38,6 +49,7 @@ private:
     using GetItemName = QString (*)();
     using CreateItem = HMIBaseItem* (*)();
     using CreateObject = object* (*)(QString, QString);
+    using LoadRecipes = int (*)(int, int, int, recipeTableInfo_t&, InterfaceComm*);
     using DescribeItem = QByteArray (*)(const HMIBaseItem*);
 
     QString m_fileName;
@@ -45,6 +57,7 @@ private:
     void* m_handle = nullptr;
     CreateItem m_createItem = nullptr;
     CreateObject m_createObject = nullptr;
+    LoadRecipes m_loadRecipes = nullptr;   // optional
     DescribeItem m_describeItem = nullptr; // optional
 };
 

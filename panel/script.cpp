@@ -33,6 +33,9 @@ const Form FORMS[] = {
     {ScriptAction::KeyboardCancel, "keyboard cancel", "close the keyboard"},
     {ScriptAction::Answer, "answer W", "yes or no to the confirmation"},
     {ScriptAction::SetRegister, "set W N N", "write VALUE to register TYPE ADDRESS, as a controller would"},
+    {ScriptAction::SetRegister, "set T N N", "the same for \"DEVICE:TYPE\" of a controller"},
+    {ScriptAction::Send, "send", "send the recipe that LW 60802 and 60803 select to its controllers"},
+    {ScriptAction::Link, "link T W", "take the link to DEVICE down or up"},
     {ScriptAction::Use, "use W", "the item that commands mean without \"in NAME\"; at first the first one"},
     {ScriptAction::Language, "language N", "texts in language NUMBER from here on"},
     {ScriptAction::Pass, "pass N", "let MILLISECONDS of the panel's time pass"},
@@ -57,11 +60,16 @@ const Form FORMS[] = {
     {ScriptAction::ExpectConfirmation, "expect confirmation T", "a confirmation asks TEXT"},
     {ScriptAction::ExpectNoConfirmation, "expect no confirmation", ""},
     {ScriptAction::ExpectRegister, "expect register W N N", "TYPE ADDRESS holds VALUE"},
+    {ScriptAction::ExpectRegister, "expect register T N N", "the same for \"DEVICE:TYPE\" of a controller"},
+    {ScriptAction::ExpectRegisters, "expect register W N T", "\"VALUE VALUE ...\" in TYPE from ADDRESS on"},
+    {ScriptAction::ExpectRegisters, "expect register T N T", "the same for \"DEVICE:TYPE\" of a controller"},
+    {ScriptAction::ExpectLink, "expect link T W", "the link to DEVICE is down or up"},
     {ScriptAction::ExpectFile, "expect file T", "NAME lies in the project directory"},
     {ScriptAction::ExpectFileMissing, "expect no file T", ""},
     {ScriptAction::ExpectQuery, "expect query T T T",
      "in the database NAME of the project directory SQL gives RESULT, columns joined by | and rows by \\n"},
     {ScriptAction::Screenshot, "screenshot T", "write a picture to FILE, in the folder of --output"},
+    {ScriptAction::ScreenshotWindow, "screenshot window T", "the same of the whole window; there is one with --window"},
     {ScriptAction::Dump, "dump T", "write what the panel shows to FILE as JSON"},
     {ScriptAction::Restart, "restart", "end the panel in good order and start it again on the same file"},
     {ScriptAction::PowerCut, "power-cut", "stop the panel at once, as by a power cut, and start it again"},
@@ -176,13 +184,17 @@ QStringList nearestForms(const QList<Token>& tokens)
     return {};
 }
 
-/// Words of a small choice are checked here as well.
+/// Words of a small choice are checked here as well. What is wrong with them; empty: nothing.
 QString wrongWord(const ScriptStep& step)
 {
-    if (step.action != ScriptAction::Answer)
+    QStringList choice;
+    if (step.action == ScriptAction::Answer)
+        choice << latin("yes") << latin("no");
+    else if (step.action == ScriptAction::Link || step.action == ScriptAction::ExpectLink)
+        choice << latin("down") << latin("up");
+    if (choice.isEmpty() || choice.contains(step.arguments.last().toString()))
         return QString();
-    const QString word = step.arguments.first().toString();
-    return word == latin("yes") || word == latin("no") ? QString() : word;
+    return latin("found %1, expected %2.").arg(step.arguments.last().toString(), choice.join(latin(" or ")));
 }
 
 } // namespace
@@ -221,7 +233,7 @@ void Script::parseLine(int line, const QString& text)
         step.action = form.action;
         step.arguments = *arguments;
         if (!wrongWord(step).isEmpty())
-            addProblem(line, latin("found %1, expected yes or no.").arg(wrongWord(step)));
+            addProblem(line, wrongWord(step));
         m_steps.append(step);
         return;
     }

@@ -157,6 +157,11 @@ ScriptPlayer::Outcome ScriptPlayer::expectOfPanel(const ScriptStep& step)
         return compare(text("limits ") + given(0) + QLatin1Char(' ') + given(1),
                        text("limits ") + quoted(m_around.session.askedLast().minimum) + QLatin1Char(' ')
                            + quoted(m_around.session.askedLast().maximum));
+    case ScriptAction::ExpectLink:
+        return compare(text("link ") + given(0) + QLatin1Char(' ') + step.arguments.at(1).toString(),
+                       text("link ") + given(0) + QLatin1Char(' ') + linkState(step.arguments.at(0).toString()));
+    case ScriptAction::ExpectRegisters:
+        return expectRegisters(step);
     default:
         break;
     }
@@ -165,6 +170,21 @@ ScriptPlayer::Outcome ScriptPlayer::expectOfPanel(const ScriptStep& step)
     const int value = m_around.session.word(type, address);
     const QString name = text("register %1 %2 ").arg(type).arg(address);
     return compare(name + QString::number(step.arguments.at(2).toInt()), name + QString::number(value));
+}
+
+/// As many words as the step names.
+ScriptPlayer::Outcome ScriptPlayer::expectRegisters(const ScriptStep& step) const
+{
+    const QString type = step.arguments.at(0).toString();
+    const int address = step.arguments.at(1).toInt();
+    const QString wanted = step.arguments.at(2).toString().simplified();
+    QStringList words;
+    for (int i = 0; i < wanted.count(QLatin1Char(' ')) + 1; ++i)
+        words.append(QString::number(m_around.session.word(type, address + i)));
+    const QString found = words.join(QLatin1Char(' '));
+    if (found == wanted)
+        return std::nullopt;
+    return Mismatch{text("registers %1 %2 on ").arg(type, QString::number(address)) + quoted(wanted), quoted(found)};
 }
 
 // --- of the project's files --------------------------------------------------------------------------------------

@@ -32,7 +32,7 @@ ScriptPlayer::ScriptPlayer(const Script& script, const Surroundings& surrounding
 
 // --- the order of steps ------------------------------------------------------------------------------------------
 
-QStringList ScriptPlayer::unknownItems() const
+QStringList ScriptPlayer::unknownNames() const
 {
     QStringList problems;
     for (const ScriptStep& step : m_script.steps()) {
@@ -43,8 +43,24 @@ QStringList ScriptPlayer::unknownItems() const
         if (!known)
             problems.append(
                 text("%1:%2: the project shows no item \"%3\".").arg(m_script.name()).arg(step.line).arg(name));
+        const bool isOfLink = step.action == ScriptAction::Link || step.action == ScriptAction::ExpectLink;
+        if (isOfLink && linkState(step.arguments.first().toString()).isEmpty())
+            problems.append(text("%1:%2: the project has no link to \"%3\".")
+                                .arg(m_script.name())
+                                .arg(step.line)
+                                .arg(step.arguments.first().toString()));
     }
     return problems;
+}
+
+/// "up" or "down"; empty: there is no such link.
+QString ScriptPlayer::linkState(const QString& device) const
+{
+    for (const ProjectLink& link : m_around.session.links()) {
+        if (link.device == device)
+            return text(link.isUp ? "up" : "down");
+    }
+    return QString();
 }
 
 void ScriptPlayer::play(const ScriptPosition& from)
@@ -268,7 +284,7 @@ ScriptPlayer::Outcome ScriptPlayer::keyboard(const ScriptStep& step)
 
 ScriptPlayer::Outcome ScriptPlayer::change(const ScriptStep& step)
 {
-    const QVariant& first = step.arguments.first();
+    const QVariant first = step.arguments.value(0);
     switch (step.action) {
     case ScriptAction::Answer:
         m_around.clock.advance(TOUCH_TIME);
@@ -277,6 +293,11 @@ ScriptPlayer::Outcome ScriptPlayer::change(const ScriptStep& step)
         break;
     case ScriptAction::SetRegister:
         m_around.session.force(first.toString(), step.arguments.at(1).toInt(), step.arguments.at(2).toInt());
+        break;
+    case ScriptAction::Send:
+        return send();
+    case ScriptAction::Link:
+        m_around.session.setLink(first.toString(), step.arguments.at(1).toString() == text("up"));
         break;
     case ScriptAction::Use:
         m_position.item = first.toString();
@@ -291,6 +312,16 @@ ScriptPlayer::Outcome ScriptPlayer::change(const ScriptStep& step)
         m_around.clock.advance(first.toInt());
         break;
     }
+    return std::nullopt;
+}
+
+/// Like a touch of the button beside the glass. How it goes is for expectations of messages and registers.
+ScriptPlayer::Outcome ScriptPlayer::send()
+{
+    if (const QMessageBox* box = PanelScreen::confirmation())
+        return Mismatch{text("a panel that can be touched"), text("the confirmation ") + quoted(box->text())};
+    m_around.clock.advance(TOUCH_TIME);
+    m_around.session.sendRecipe();
     return std::nullopt;
 }
 
@@ -338,7 +369,11 @@ ScriptPlayer::Outcome ScriptPlayer::write(const ScriptStep& step)
     }
     const QString fileName = QDir(m_around.output).filePath(step.arguments.first().toString());
     bool written = false;
-    if (step.action == ScriptAction::Screenshot) {
+    if (step.action == ScriptAction::ScreenshotWindow && !m_around.window)
+        return Mismatch{text("a window"), text("none; --window opens one")};
+    if (step.action == ScriptAction::ScreenshotWindow) {
+        written = m_around.window->grab().save(fileName, "PNG");
+    } else if (step.action == ScriptAction::Screenshot) {
         written = m_around.screen.picture().save(fileName, "PNG");
     } else {
         QFile file(fileName);
@@ -357,6 +392,9 @@ QByteArray ScriptPlayer::describeAll()
     const auto known = m_around.session.knownRegisters();
     for (auto it = known.constBegin(); it != known.constEnd(); ++it)
         registers.insert(text("%1 %2").arg(it.key().first).arg(it.key().second), it.value());
+    QJsonObject links;
+    for (const ProjectLink& link : m_around.session.links())
+        links.insert(link.device, QJsonObject{{text("number"), link.number}, {text("up"), link.isUp}});
     QJsonValue keyboard = QJsonValue::Null;
     if (const OnScreenKeyboard* open = m_around.screen.keyboard())
         keyboard = QJsonObject{{text("text"), open->text()}, {text("message"), open->message()}};
@@ -365,6 +403,8 @@ QByteArray ScriptPlayer::describeAll()
         {text("time"), m_around.clock.now()},
         {text("items"), items},
         {text("registers"), registers},
+        {text("links"), links},
+        {text("transfer"), m_around.session.lastTransfer()},
         {text("keyboard"), keyboard},
         {text("confirmation"), box ? QJsonValue(box->text()) : QJsonValue::Null},
         {text("notices"), QJsonArray::fromStringList(m_around.screen.notices().visible())},

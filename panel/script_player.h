@@ -38,13 +38,14 @@ public:
         QString output; ///< folder for pictures and dumps
         /// Starts the panel again: in good order or at once. Returns only when that failed.
         std::function<void(const ScriptPosition&, bool orderly)> restart;
+        QWidget* window; ///< around the screen; null: none
     };
 
     /// Nothing is owned; all must outlive this.
     ScriptPlayer(const Script& script, const Surroundings& surroundings);
 
-    /// Names the items that the script speaks of and the project does not have, one sentence each.
-    QStringList unknownItems() const;
+    /// Names the items and links that the script speaks of and the project does not have, one sentence each.
+    QStringList unknownNames() const;
 
     /// Plays from there on and ends the event loop, with 0, or with 1 after a step that failed.
     void play(const ScriptPosition& from);
@@ -83,7 +84,10 @@ private:
 
     const Panel::Item* item(const ScriptStep& step) const;
     ItemState state(const ScriptStep& step);
+    Outcome send();
+    QString linkState(const QString& device) const;
     Outcome waitForMessage(const QString& wanted);
+    Outcome expectRegisters(const ScriptStep& step) const;
     Outcome expectPending(const ScriptStep& step);
     Outcome expectQuery(const QString& file, const QString& sql, const QString& wanted) const;
     QByteArray describeAll();

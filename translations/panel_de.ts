@@ -82,6 +82,13 @@
     </message>
 </context>
 <context>
+    <name>PanelSession</name>
+    <message>
+        <source>Changes that are not saved were not sent.</source>
+        <translation>Nicht gespeicherte Änderungen wurden nicht gesendet.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>&amp;Yes</source>
@@ -90,6 +97,105 @@
     <message>
         <source>&amp;No</source>
         <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>RecipeTransfer</name>
+    <message>
+        <source>%1 Nothing was sent.</source>
+        <translation>%1 Es wurde nichts gesendet.</translation>
+    </message>
+    <message>
+        <source>Recipes are being added or deleted; try again in a moment.</source>
+        <translation>Gerade werden Rezepte angelegt oder gelöscht; bitte gleich noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>No plug-in that is loaded can load recipes.</source>
+        <translation>Kein geladenes Plug-in kann Rezepte laden.</translation>
+    </message>
+    <message>
+        <source>No recipe is selected.</source>
+        <translation>Es ist kein Rezept gewählt.</translation>
+    </message>
+    <message>
+        <source>Group %1 cannot be read from the recipe file.</source>
+        <translation>Die Gruppe %1 kann nicht aus der Rezeptdatei gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Group %1 has no items.</source>
+        <translation>Die Gruppe %1 hat keine Zeilen.</translation>
+    </message>
+    <message>
+        <source>Group %1 has no recipe %2.</source>
+        <translation>Die Gruppe %1 hat kein Rezept %2.</translation>
+    </message>
+    <message>
+        <source>Recipe %1</source>
+        <translation>Rezept %1</translation>
+    </message>
+    <message>
+        <source>Item %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>%1 has no value.</source>
+        <translation>%1 hat keinen Wert.</translation>
+    </message>
+    <message>
+        <source>The recipe file holds &quot;%1&quot; more than once.</source>
+        <translation>Die Rezeptdatei enthält „%1“ mehrfach.</translation>
+    </message>
+    <message>
+        <source>%1 has the data type %2, which is not known.</source>
+        <translation>%1 hat den Datentyp %2, der nicht bekannt ist.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number.</source>
+        <translation>%1: „%2“ ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>%1: %2 has too many decimals.</source>
+        <translation>%1: %2 hat zu viele Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>%1: %2 does not fit into its register.</source>
+        <translation>%1: %2 passt nicht in das Register.</translation>
+    </message>
+    <message>
+        <source>%1: the text &quot;%2&quot; is longer than %3 bytes.</source>
+        <translation>%1: Der Text „%2“ ist länger als %3 Byte.</translation>
+    </message>
+    <message>
+        <source>%1 has no room among the registers of the recipe.</source>
+        <translation>%1 hat keinen Platz in den Registern des Rezepts.</translation>
+    </message>
+    <message>
+        <source>Notification</source>
+        <translation>Meldeadresse</translation>
+    </message>
+    <message>
+        <source>%1 has no register address.</source>
+        <translation>%1 hat keine Registeradresse.</translation>
+    </message>
+    <message>
+        <source>%1: there is no link to &quot;%2&quot;.</source>
+        <translation>%1: Es gibt keine Verbindung zu „%2“.</translation>
+    </message>
+    <message>
+        <source>The link to &quot;%1&quot; is down.</source>
+        <translation>Die Verbindung zu „%1“ ist unterbrochen.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has no register %3 %4.</source>
+        <translation>%1: „%2“ hat kein Register %3 %4.</translation>
+    </message>
+    <message>
+        <source>The controller does not answer.</source>
+        <translation>Die Steuerung antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>Sent to the controller: %1</source>
+        <translation>An die Steuerung gesendet: %1</translation>
     </message>
 </context>
 <context>
@@ -136,6 +242,17 @@
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>TransferBox</name>
+    <message>
+        <source>Send to controller (F9)</source>
+        <translation>An Steuerung senden (F9)</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <translation>Verbindung zu %1</translation>
     </message>
 </context>
 </TS>

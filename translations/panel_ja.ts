@@ -82,6 +82,13 @@
     </message>
 </context>
 <context>
+    <name>PanelSession</name>
+    <message>
+        <source>Changes that are not saved were not sent.</source>
+        <translation>保存されていない変更は送信されていません。</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>&amp;Yes</source>
@@ -90,6 +97,105 @@
     <message>
         <source>&amp;No</source>
         <translation>いいえ</translation>
+    </message>
+</context>
+<context>
+    <name>RecipeTransfer</name>
+    <message>
+        <source>%1 Nothing was sent.</source>
+        <translation>%1何も送信されていません。</translation>
+    </message>
+    <message>
+        <source>Recipes are being added or deleted; try again in a moment.</source>
+        <translation>レシピを追加または削除中です。少し待ってからやり直してください。</translation>
+    </message>
+    <message>
+        <source>No plug-in that is loaded can load recipes.</source>
+        <translation>読み込まれたプラグインにはレシピを読めるものがありません。</translation>
+    </message>
+    <message>
+        <source>No recipe is selected.</source>
+        <translation>レシピが選択されていません。</translation>
+    </message>
+    <message>
+        <source>Group %1 cannot be read from the recipe file.</source>
+        <translation>レシピファイルからグループ %1 を読み込めません。</translation>
+    </message>
+    <message>
+        <source>Group %1 has no items.</source>
+        <translation>グループ %1 には項目がありません。</translation>
+    </message>
+    <message>
+        <source>Group %1 has no recipe %2.</source>
+        <translation>グループ %1 にレシピ %2 はありません。</translation>
+    </message>
+    <message>
+        <source>Recipe %1</source>
+        <translation>レシピ %1</translation>
+    </message>
+    <message>
+        <source>Item %1</source>
+        <translation>項目 %1</translation>
+    </message>
+    <message>
+        <source>%1 has no value.</source>
+        <translation>%1 に値がありません。</translation>
+    </message>
+    <message>
+        <source>The recipe file holds &quot;%1&quot; more than once.</source>
+        <translation>レシピファイルに「%1」が複数あります。</translation>
+    </message>
+    <message>
+        <source>%1 has the data type %2, which is not known.</source>
+        <translation>%1 のデータ型 %2 は不明です。</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number.</source>
+        <translation>%1：「%2」は数値ではありません。</translation>
+    </message>
+    <message>
+        <source>%1: %2 has too many decimals.</source>
+        <translation>%1：%2 の小数桁が多すぎます。</translation>
+    </message>
+    <message>
+        <source>%1: %2 does not fit into its register.</source>
+        <translation>%1：%2 はレジスタに入りません。</translation>
+    </message>
+    <message>
+        <source>%1: the text &quot;%2&quot; is longer than %3 bytes.</source>
+        <translation>%1：テキスト「%2」は %3 バイトを超えています。</translation>
+    </message>
+    <message>
+        <source>%1 has no room among the registers of the recipe.</source>
+        <translation>レシピのレジスタに %1 の場所がありません。</translation>
+    </message>
+    <message>
+        <source>Notification</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>%1 has no register address.</source>
+        <translation>%1 にレジスタアドレスがありません。</translation>
+    </message>
+    <message>
+        <source>%1: there is no link to &quot;%2&quot;.</source>
+        <translation>%1：「%2」への接続がありません。</translation>
+    </message>
+    <message>
+        <source>The link to &quot;%1&quot; is down.</source>
+        <translation>「%1」への接続が切れています。</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has no register %3 %4.</source>
+        <translation>%1：「%2」にレジスタ %3 %4 はありません。</translation>
+    </message>
+    <message>
+        <source>The controller does not answer.</source>
+        <translation>コントローラーが応答しません。</translation>
+    </message>
+    <message>
+        <source>Sent to the controller: %1</source>
+        <translation>コントローラーに送信しました：%1</translation>
     </message>
 </context>
 <context>
@@ -136,6 +242,17 @@
     <message>
         <source>Remove</source>
         <translation>削除</translation>
+    </message>
+</context>
+<context>
+    <name>TransferBox</name>
+    <message>
+        <source>Send to controller (F9)</source>
+        <translation>コントローラーに送信 (F9)</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <translation>%1 への接続</translation>
     </message>
 </context>
 </TS>

@@ -22,8 +22,17 @@ QByteArray contents(const QString& fileName)
     return file.readAll();
 }
 
-/// What a script wants of its surroundings stands in its first lines: "#! group ITEMS RECIPES", "#! no file",
-/// "#! project NAME".
+/// The bakery's recipe file, as people make it.
+void createBakery()
+{
+    QFile::remove(recipeFilePath());
+    EXPECT_EQ(QProcess::execute(latin(RECIPE_FILE_PROGRAM),
+                                {latin("create"), latin(SOURCE_DIR "/examples/bakery.json"), recipeFilePath()}),
+              0);
+}
+
+/// What a script wants of its surroundings stands in its first lines: "#! group ITEMS RECIPES", "#! bakery",
+/// "#! no file", "#! sql STATEMENT" on the file, "#! project NAME".
 struct Surroundings
 {
     QString project = exampleProject("bakery.project.json");
@@ -36,6 +45,10 @@ struct Surroundings
                 continue;
             if (words.at(1) == latin("group"))
                 writeRecipeFile(recipeGroup(words.at(2).toInt(), words.at(3).toInt()));
+            else if (words.at(1) == latin("bakery"))
+                createBakery();
+            else if (words.at(1) == latin("sql"))
+                OutsideSqlite(recipeFilePath()).exec(words.mid(2).join(QLatin1Char(' ')).toStdString());
             else if (words.at(1) == latin("project"))
                 project = exampleProject(words.at(2).toLatin1().constData());
         }
@@ -73,17 +86,44 @@ TEST_P(PanelSessions, GoAsTheirScriptExpects)
 
 namespace {
 
-std::vector<std::string> sessions()
+std::vector<std::string> sessions(const char* pattern)
 {
     std::vector<std::string> names;
-    for (const QString& name : QDir(SCRIPTS).entryList({latin("*.script")}, QDir::Files, QDir::Name))
+    for (const QString& name : QDir(SCRIPTS).entryList({latin(pattern)}, QDir::Files, QDir::Name))
         names.push_back(name.left(name.size() - 7).toStdString());
     return names;
 }
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Kept, PanelSessions, testing::ValuesIn(sessions()),
+INSTANTIATE_TEST_SUITE_P(Kept, PanelSessions, testing::ValuesIn(sessions("*.script")),
+                         [](const auto& session) { return session.param; });
+
+class PanelTransfers : public PanelScripts, public testing::WithParamInterface<std::string>
+{
+protected:
+    /// The log, and behind it what the panel dumped at the end.
+    QByteArray played()
+    {
+        const QString script = SCRIPTS + QString::fromStdString(GetParam()) + latin(".script");
+        const Surroundings wanted(contents(script));
+        const PanelResult result =
+            run({wanted.project, latin("--script"), script, latin("--output"), file("."), latin("--log"), file("log")});
+        EXPECT_EQ(result.errors, "");
+        const QStringList dumps = QDir(file(".")).entryList({latin("*.json")}, QDir::Files, QDir::Name);
+        EXPECT_FALSE(dumps.isEmpty());
+        return read("log") + (dumps.isEmpty() ? QByteArray() : read(dumps.last().toLatin1().constData()));
+    }
+};
+
+TEST_P(PanelTransfers, GiveTheSameLogAndStateEveryTime)
+{
+    const QByteArray first = played();
+    EXPECT_TRUE(first.contains("\"event\":\"transfer\""));
+    EXPECT_EQ(played().toStdString(), first.toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(Kept, PanelTransfers, testing::ValuesIn(sessions("send*.script")),
                          [](const auto& session) { return session.param; });
 
 // --- what the player says ----------------------------------------------------------------------------------------
