@@ -9,7 +9,8 @@ constexpr int GROUP_REGISTER = 60802; // internal words, where sheets publish th
 constexpr int RECIPE_REGISTER = 60803;
 constexpr int NO_LINK = -1;
 constexpr int LINK_UP = 0;
-constexpr int LONGEST_SHOWN = 40;   // characters of a title or value in a notice
+constexpr int LONGEST_TITLE = 60; // characters in a notice
+constexpr int LONGEST_VALUE = 24;
 constexpr quint16 NOTIFICATION = 1; // set when a recipe is there; the controller takes it back
 
 QString text(const char* latin)
@@ -38,15 +39,15 @@ QJsonObject jsonOf(const RecipeTransfer::Value& value)
 }
 
 /// A damaged file may hold texts of any length; the notice has more to say.
-QString shown(const QString& value)
+QString shown(const QString& value, int longest = LONGEST_VALUE)
 {
-    return value.size() <= LONGEST_SHOWN ? value : value.left(LONGEST_SHOWN) + text("...");
+    return value.size() <= longest ? value : value.left(longest) + text("...");
 }
 
 /// Titles are shown in the first language of the file, like those of a sheet.
 QString titleOf(const QVector<QString>& titles, const QString& otherwise)
 {
-    return titles.value(0).isEmpty() ? otherwise : shown(titles.value(0));
+    return titles.value(0).isEmpty() ? otherwise : shown(titles.value(0), LONGEST_TITLE);
 }
 
 } // namespace

@@ -126,6 +126,80 @@ TEST_P(PanelTransfers, GiveTheSameLogAndStateEveryTime)
 INSTANTIATE_TEST_SUITE_P(Kept, PanelTransfers, testing::ValuesIn(sessions("send*.script")),
                          [](const auto& session) { return session.param; });
 
+TEST_F(PanelScripts, SendNothingWithoutALibraryThatLoadsRecipes)
+{
+    const QString project = write("lamp.json", R"({"panel": {"width": 400, "height": 200}, "items": [
+        {"type": "Lamp", "name": "lamp", "width": 400, "height": 200}]})");
+    const PanelResult result =
+        run({project, latin("--plugin"), latin(TEST_PLUGIN_FOLDER "/liblamp.so"), latin("--script"), latin("-")},
+            "set LW 60802 0\nset LW 60803 0\nsend\n"
+            "expect message \"No plug-in that is loaded can load recipes. Nothing was sent.\"");
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.exitCode, 0);
+}
+
+/// The plug-in with the loader need not be the first.
+TEST_F(PanelScripts, SendWithWhicheverLibraryLoadsRecipes)
+{
+    createBakery();
+    const QString plugin = latin(PLUGIN_FOLDER "/libRecipeSheet.so");
+    const PanelResult result =
+        play("set LW 60802 0\nset LW 60803 0\nsend\nexpect message \"Sent to the controller: White bread\"",
+             {latin("--plugin"), latin(TEST_PLUGIN_FOLDER "/liblamp.so"), latin("--plugin"), plugin});
+    EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(PanelScripts, StartWithTheLinksOfTheProject)
+{
+    const QString project = write("links.json", R"({"panel": {"width": 400, "height": 200}, "items": [],
+        "links": [{"device": "Mixer", "number": 4, "up": false}, {"device": "Oven"}]})");
+    const PanelResult result =
+        run({project, latin("--script"), latin("-"), latin("--output"), file(".")},
+            "expect link \"Mixer\" down\nexpect link \"Oven\" up\nlink \"Mixer\" up\ndump \"s.json\"");
+    EXPECT_EQ(result.errors, "");
+    const QJsonObject links = QJsonDocument::fromJson(read("s.json")).object().value(latin("links")).toObject();
+    EXPECT_EQ(links, (QJsonObject{{latin("Mixer"), QJsonObject{{latin("number"), 4}, {latin("up"), true}}},
+                                  {latin("Oven"), QJsonObject{{latin("number"), 2}, {latin("up"), true}}}}));
+}
+
+/// The loader asks the runtime for the number of the link, also where the file has another.
+TEST_F(PanelScripts, LogAndDumpWhatWasSentWithOldAndNewWords)
+{
+    createBakery();
+    OutsideSqlite(recipeFilePath()).exec("DELETE FROM addr_0 WHERE row_index > 1");
+    const QByteArray project = contents(exampleProject("bakery.project.json"));
+    const QString numbered = write("p.json", QByteArray(project).replace("\"number\": 1", "\"number\": 12"));
+    const PanelResult result =
+        run({numbered, latin("--script"), latin("-"), latin("--log"), file("log"), latin("--output"), file(".")},
+            "set LW 60802 0\nset LW 60803 0\nset \"Bakery controller:D\" 102 7\nsend\ndump \"s.json\"");
+    EXPECT_EQ(result.errors, "");
+    const auto value = [](const char* item, const char* shown, const char* type, int address, const QJsonArray& before,
+                          const QJsonArray& after) {
+        return QJsonObject{{latin("item"), latin(item)},
+                           {latin("value"), latin(shown)},
+                           {latin("device"), latin("Bakery controller")},
+                           {latin("link"), 12},
+                           {latin("register"), latin(type)},
+                           {latin("address"), address},
+                           {latin("old"), before},
+                           {latin("new"), after}};
+    };
+    QJsonObject wanted = {{latin("result"), latin("sent")},
+                          {latin("group"), 0},
+                          {latin("recipe"), 0},
+                          {latin("title"), latin("White bread")},
+                          {latin("values"), QJsonArray{value("Dough temperature \xb0"
+                                                             "C",
+                                                             "26.0", "D", 100, {0, 0}, {0, 16848}),
+                                                       value("Water kg", "93.00", "D", 102, {7, 0}, {9300, 0})}},
+                          {latin("notification"), value("Notification", "1", "M", 10, {0}, {1})}};
+    EXPECT_EQ(QJsonDocument::fromJson(read("s.json")).object().value(latin("transfer")).toObject(), wanted);
+    wanted.insert(latin("event"), latin("transfer"));
+    wanted.insert(latin("time"), 100);
+    const QByteArray line = QJsonDocument(wanted).toJson(QJsonDocument::Compact);
+    EXPECT_TRUE(read("log").contains(line)) << line.toStdString() << "\nis not in\n" << read("log").toStdString();
+}
+
 // --- what the player says ----------------------------------------------------------------------------------------
 
 TEST_F(PanelScripts, TellLineExpectedAndFoundOfAFailedExpectation)
@@ -148,6 +222,13 @@ TEST_F(PanelScripts, TellLineExpectedAndFoundOfAFailedExpectation)
                                                       "\"About to autosave, whether to continue?\"."},
         {"expect file \"other.db3\"", "1: expected the file \"other.db3\", found none."},
         {"expect query \"recipeN.db3\" \"SELECT 1\" \"2\"", "1: expected \"2\" from \"SELECT 1\", found \"1\"."},
+        {"expect link \"Bakery controller\" down",
+         "1: expected link \"Bakery controller\" down, found link \"Bakery controller\" up."},
+        {"expect register \"Bakery controller:D\" 100 \"0  7\"",
+         "1: expected registers Bakery controller:D 100 on \"0 7\", found \"0 0\"."},
+        {"screenshot window \"w.png\"", "1: expected a window, found none; --window opens one."},
+        {"tap title 1\ntap button add\nsend", "3: expected a panel that can be touched, found the confirmation "
+                                              "\"About to autosave, whether to continue?\"."},
         {"expect first 1 0", "1: expected first 1 0, found 0 0."},
         {"tap cell 0 0\ntap cell 0 0\nkeyboard accept \"1.5\"",
          "3: expected the keyboard to accept \"1.5\", found \"Only whole numbers are possible.\"."},
@@ -219,6 +300,15 @@ TEST_F(PanelScripts, ThatNameAnUnknownItemAreToldBeforeAnythingRuns)
     const PanelResult result = play("screenshot \"a.png\"\ntap cell 1 1 in other\n");
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.errors, "standard input:2: the project shows no item \"other\".\n");
+    EXPECT_FALSE(QFile::exists(file("a.png")));
+}
+
+TEST_F(PanelScripts, ThatNameAnUnknownLinkAreToldBeforeAnythingRuns)
+{
+    const PanelResult result = play("screenshot \"a.png\"\nlink \"Oven\" down\nexpect link \"Mill\" up\n");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errors, "standard input:2: the project has no link to \"Oven\".\n"
+                             "standard input:3: the project has no link to \"Mill\".\n");
     EXPECT_FALSE(QFile::exists(file("a.png")));
 }
 

@@ -50,6 +50,29 @@ TEST(Script, TellsPointsFromParts)
     EXPECT_EQ(only("expect pending 2 1 \"x\"").action, ScriptAction::ExpectPending);
 }
 
+TEST(Script, TellsRegistersOfThePanelFromThoseOfControllers)
+{
+    EXPECT_EQ(only("set LW 5 6").action, ScriptAction::SetRegister);
+    const ScriptStep set = only("set \"Bakery controller:D\" 5 6");
+    EXPECT_EQ(set.action, ScriptAction::SetRegister);
+    EXPECT_EQ(set.arguments.at(0).toString(), latin("Bakery controller:D"));
+    EXPECT_EQ(only("expect register \"a:D\" 5 6").action, ScriptAction::ExpectRegister);
+    EXPECT_EQ(only("expect register \"a:D\" 5 \"6 7\"").action, ScriptAction::ExpectRegisters);
+    EXPECT_EQ(only("expect register LW 5 \"6 7\"").action, ScriptAction::ExpectRegisters);
+}
+
+TEST(Script, TakesLinksDownAndUpAndNothingElse)
+{
+    EXPECT_EQ(only("link \"Oven\" down").action, ScriptAction::Link);
+    EXPECT_EQ(only("expect link \"Oven\" up").action, ScriptAction::ExpectLink);
+    EXPECT_EQ(problemsOf("link \"Oven\" off"), "s:1: found off, expected down or up.");
+    EXPECT_EQ(problemsOf("expect link \"Oven\" no"), "s:1: found no, expected down or up.");
+    EXPECT_EQ(problemsOf("answer maybe"), "s:1: found maybe, expected yes or no.");
+    EXPECT_EQ(problemsOf("link Oven down"), "s:1: found \"link Oven down\", expected link \"TEXT\" WORD.");
+    EXPECT_EQ(only("send").arguments.size(), 0);
+    EXPECT_EQ(problemsOf("send 1"), "s:1: found \"send 1\", expected send.");
+}
+
 TEST(Script, TakesTheItemAtTheEnd)
 {
     const ScriptStep step = only("tap title 2 in left");
