@@ -158,6 +158,10 @@ public:
     int lastIndexOf(char c, int from = -1) const;
     int count(char c) const;
     bool startsWith(const char* text) const;
+    bool startsWith(char c) const;
+    bool endsWith(char c) const;
+    void chop(int n);
+    QByteArray& remove(int position, int length);
     QByteArray& append(char c);
     QByteArray& append(const char* text);
     QByteArray& append(const char* text, int length);
