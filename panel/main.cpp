@@ -1,4 +1,6 @@
 // recipe-panel: a touch panel on the desk.
+#include "headless.h"
+#include "inspection_program.h"
 #include "panel_program.h"
 #include "project_file.h"
 #include "script.h"
@@ -80,15 +82,6 @@ PanelOptions optionsOf(const Arguments& arguments)
     return options;
 }
 
-/// Without a display Qt tells what it cannot do there; that is nobody's business.
-void dropHeadlessRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message)
-{
-    Q_UNUSED(type)
-    Q_UNUSED(context)
-    if (!message.contains(QLatin1String("propagateSizeHints()")) && !message.contains(QLatin1String("XDG_RUNTIME_DIR")))
-        std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
-}
-
 bool hasDisplay()
 {
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -102,7 +95,12 @@ bool hasDisplay()
 
 int main(int argc, char** argv)
 {
+    if (const std::optional<int> code = runInspection(argc, argv))
+        return *code;
     CLI::App app("A touch panel on the desk: loads plug-ins, opens a project and shows its items.", "recipe-panel");
+    app.footer(
+        "\"recipe-panel probe FILE\" says what a library is, \"recipe-panel validate FILE\" tries out whether it "
+        "keeps\nthe contract of plug-ins; each has a --help of its own.");
     Arguments arguments;
     declare(app, arguments);
     try {
@@ -115,10 +113,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "There is no display for a window; --screenshot and --script do without.\n");
         return EXIT_FAULTY;
     }
-    if (!options.onDisplay()) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qInstallMessageHandler(dropHeadlessRemarks);
-    }
+    if (!options.onDisplay())
+        goHeadless();
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
     int own = 1; // the rest is ours; Qt has an option "plugin" too
     QApplication application(own, argv);
