@@ -197,6 +197,10 @@ TEST_F(PanelScripts, LogAndDumpWhatWasSentWithOldAndNewWords)
     wanted.insert(latin("event"), latin("transfer"));
     wanted.insert(latin("time"), 100);
     const QByteArray line = QJsonDocument(wanted).toJson(QJsonDocument::Compact);
+    const QByteArray lastWord = R"({"address":103,"event":"write","new":0,"old":0,"register":"Bakery controller:D")";
+    const QByteArray notified = R"({"address":10,"event":"write","new":1,"old":0,"register":"Bakery controller:M")";
+    EXPECT_GE(read("log").indexOf(lastWord), 0);
+    EXPECT_GT(read("log").indexOf(notified), read("log").indexOf(lastWord)) << "the controller must find all of it";
     EXPECT_TRUE(read("log").contains(line)) << line.toStdString() << "\nis not in\n" << read("log").toStdString();
 }
 
