@@ -46,8 +46,10 @@ install_packages() {
 # ($scratch/project), without a display, and with nothing of the build's environment.
 installed() {
     mkdir -p "$scratch/project" "$scratch/lower/tabrix/project" "$scratch/home"
+    mkdir -p -m 700 "$scratch/run" # or Qt shares one with other users of the machine
     # shellcheck disable=SC2016
     env -i HOME="$scratch/home" PATH=/usr/bin:/bin LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen \
+        XDG_RUNTIME_DIR="$scratch/run" \
         unshare --user --map-root-user --mount sh -c '
         mount -t overlay overlay -o "lowerdir=$1/usr:$2:/usr" /usr && mount --bind "$3" /usr/tabrix/project || exit 125
         shift 3
