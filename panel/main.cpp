@@ -115,8 +115,8 @@ int main(int argc, char** argv)
     }
     if (!options.onDisplay())
         goHeadless();
-    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
-    int own = 1; // the rest is ours; Qt has an option "plugin" too
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0"); // a pixel of the panel is one of the screen; Qt 6 has no attribute
+    int own = 1;                               // the rest is ours; Qt has an option "plugin" too
     QApplication application(own, argv);
     return runPanel(options);
 }

@@ -9,6 +9,7 @@
 
 #include <dlfcn.h>
 #include <link.h>
+#include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -79,12 +80,20 @@ public:
 private:
     typedef std::map<uintptr_t, std::set<std::string> > Names; // by distance from where the library is loaded
 
+    /// An emulator (qemu) gives the program another root than the commands that it starts.
+    static std::string seenByCommands(const std::string& file)
+    {
+        const char* const root = std::getenv("QEMU_LD_PREFIX");
+        const std::string inRoot = (root ? root : "") + file;
+        return access(inRoot.c_str(), R_OK) == 0 ? inRoot : file;
+    }
+
     static std::string withoutVersion(const std::string& name) { return name.substr(0, name.find('@')); }
 
     static void readNames(const std::string& file, Names& names)
     {
         const std::string table = file == SHEET_LIBRARY ? "" : "--dynamic ";
-        for (const std::string& line : linesOf("nm --defined-only " + table + "'" + file + "'")) {
+        for (const std::string& line : linesOf("nm --defined-only " + table + "'" + seenByCommands(file) + "'")) {
             char type = 0;
             unsigned long long address = 0;
             char name[2048];
