@@ -3,10 +3,12 @@
 
 #include <QFile>
 #include <QHash>
+#include <climits>
 
 #include <gelf.h>
 #include <unistd.h>
 
+#include <climits>
 #include <memory>
 
 namespace {
@@ -159,9 +161,10 @@ private:
         return m_versions.value(version & 0x7fff);
     }
 
-    QByteArray string(size_t section, size_t offset) const
+    QByteArray string(size_t section, quint64 offset) const
     {
-        const char* const found = elf_strptr(m_elf, section, offset);
+        const size_t at = static_cast<size_t>(offset);
+        const char* const found = at == offset ? elf_strptr(m_elf, section, at) : nullptr;
         return found ? QByteArray(found) : QByteArray();
     }
 
