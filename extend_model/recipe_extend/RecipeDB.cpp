@@ -156,7 +156,7 @@ int RecipeDB::OpenRecipeFile(const QString& path)
 void RecipeDB::syncFully()
 {
     if (m_syncsLess && !m_sqlite->inTransaction())
-        m_syncsLess = m_sqlite->execSQL("PRAGMA synchronous=EXTRA;") != 0;
+        m_syncsLess = m_sqlite->execSQL(CSqliteInter::lastingCommits()) != 0;
 }
 
 int RecipeDB::CloseRecipeFile()

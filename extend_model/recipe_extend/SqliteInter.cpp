@@ -194,6 +194,16 @@ int CSqliteInter::getStoredDouble(int col, double& out) const
     return 1;
 }
 
+const char* CSqliteInter::lastingCommits(int version)
+{
+    return version < 3011000 ? "PRAGMA synchronous=FULL;" : "PRAGMA synchronous=EXTRA;";
+}
+
+const char* CSqliteInter::lastingCommits()
+{
+    return lastingCommits(sqlite3_libversion_number());
+}
+
 bool CSqliteInter::accepts(const char* sql) const
 {
     sqlite3_stmt* statement = nullptr;

@@ -94,6 +94,12 @@ public:
     /// anything but a floating-point number or no query is open. Spares the way over the text.
     int getStoredDouble(int col, double& out) const;
 
+    /// The statement that makes commits last as well as an SQLite of that number (3011000 for 3.11.0) can. Before 3.11
+    /// it does not know EXTRA and would take it for NORMAL, which is less than its default. Any thread.
+    static const char* lastingCommits(int version);
+    /// The same for the SQLite that runs.
+    static const char* lastingCommits();
+
     /// Whether SQLite would take the (first) statement. Runs and prints nothing; an open query stays open.
     bool accepts(const char* sql) const;
 

@@ -633,4 +633,13 @@ TEST_F(Sqlite, OpensNoQueryForAnEmptyText)
     EXPECT_EQ(inter.execSQL(""), 0);
 }
 
+// A panel with an SQLite of before 3.11 took EXTRA for NORMAL and synced less than by default.
+TEST(SqliteVersions, AskForNoMoreThanTheyKnowToMakeCommitsLast)
+{
+    EXPECT_STREQ(CSqliteInter::lastingCommits(3007009), "PRAGMA synchronous=FULL;");
+    EXPECT_STREQ(CSqliteInter::lastingCommits(3010002), "PRAGMA synchronous=FULL;");
+    EXPECT_STREQ(CSqliteInter::lastingCommits(3011000), "PRAGMA synchronous=EXTRA;");
+    EXPECT_STREQ(CSqliteInter::lastingCommits(), "PRAGMA synchronous=EXTRA;");
+}
+
 } // namespace
