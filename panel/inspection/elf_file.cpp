@@ -3,7 +3,6 @@
 
 #include <QFile>
 #include <QHash>
-#include <climits>
 
 #include <gelf.h>
 #include <unistd.h>
@@ -82,7 +81,9 @@ private:
                 return false;
         }
         size_t sections = 0;
-        return elf_getshdrnum(m_elf, &sections) == 0 && fits(header.e_shoff, sections * header.e_shentsize);
+        if (elf_getshdrnum(m_elf, &sections) != 0 || !fits(header.e_shoff, sections * header.e_shentsize))
+            return false;
+        return sections > 0 || header.e_shoff == 0; // of a table that was cut in its middle libelf counts none
     }
 
     bool fits(quint64 offset, quint64 length) const

@@ -177,6 +177,16 @@ TEST_F(Inspection, TellsAFileThatWasCutShort)
     EXPECT_NE(refused(write("cut.so", whole.left(10))).find("cut short or damaged"), std::string::npos);
 }
 
+/// The table of the sections is what stands last, and what is missing of it is as bad as what is missing before it.
+TEST_F(Inspection, TellsAFileThatWasCutInItsTableOfSections)
+{
+    const QByteArray whole = lamp();
+    ASSERT_EQ(ElfFile::read(write("cut.so", whole)).state, ElfFile::State::Whole);
+    for (int missing = 1; missing < 3000; missing += missing < 100 ? 1 : 37)
+        EXPECT_EQ(ElfFile::read(write("cut.so", whole.left(whole.size() - missing))).state, ElfFile::State::Damaged)
+            << missing;
+}
+
 TEST_F(Inspection, RunsNoLineOfTheLibrary)
 {
     const PanelResult result = run({latin("probe"), testPlugin("loud")});
