@@ -29,6 +29,42 @@ protected:
 
     void copyFile(const std::string& from, const std::string& to) { ASSERT_TRUE(QFile::copy(path(from), path(to))); }
 
+    /// Runs the program until the file has a journal, then kills it. False where it was done before.
+    bool killWhileItWrites(const Words& arguments, const std::string& file)
+    {
+        QStringList list;
+        for (const std::string& word : arguments)
+            list.append(QString::fromStdString(word));
+        QProcess process;
+        process.setWorkingDirectory(path("."));
+        process.start(program(), list);
+        EXPECT_TRUE(process.waitForStarted());
+        const QString journal = path(file + "-journal");
+        while (!QFile::exists(journal) && !process.waitForFinished(0) && process.state() != QProcess::NotRunning) {
+        }
+        process.kill();
+        process.waitForFinished();
+        return process.exitStatus() == QProcess::CrashExit;
+    }
+
+    /// Leaves the file half written, with the journal that takes it back.
+    void interruptAWrite(const std::string& file)
+    {
+        sqlite3* other = nullptr;
+        ASSERT_EQ(sqlite3_open(path(file).toUtf8().constData(), &other), SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(other,
+                               "PRAGMA cache_size = 1; PRAGMA cache_spill = 1; BEGIN; UPDATE data_0 SET D0 = D0 + 1;"
+                               "UPDATE lang_0 SET L0 = 'half'; UPDATE addr_0 SET min = 3",
+                               nullptr, nullptr, nullptr),
+                  SQLITE_OK);
+        copyFile(file, "half");
+        copyFile(file + "-journal", "half-journal");
+        sqlite3_close(other);
+        QFile::remove(path(file));
+        ASSERT_TRUE(QFile::rename(path("half"), path(file)));
+        ASSERT_TRUE(QFile::rename(path("half-journal"), path(file + "-journal")));
+    }
+
     /// What a panel's worker does with a group: load, change, write whole.
     template <typename Change> void rewriteAsAPanel(const std::string& file, Change change)
     {
@@ -191,28 +227,19 @@ TEST_F(Edit, KilledAtAnyPointLeavesTheFileOldOrNew)
     ASSERT_EQ(run({"generate", "--items", "250", "--recipes", "120", "old.db3"}).code, 0);
     ASSERT_EQ(run({"generate", "--items", "250", "--recipes", "120", "--seed", "9", "new.db3"}).code, 0);
     ASSERT_EQ(run({"export", "new.db3", "new.csv"}).code, 0);
-    const std::string before = dump("old.db3");
-    const std::string after = dump("new.db3");
-    int killedWhileWriting = 0;
-    for (int i = 0; i < 5; ++i) {
-        const std::string name = "k" + std::to_string(i) + ".db3";
-        copyFile("old.db3", name);
-        QProcess process;
-        process.setWorkingDirectory(path("."));
-        process.start(program(), {QStringLiteral("import"), QString::fromStdString(name), QStringLiteral("new.csv")});
-        ASSERT_TRUE(process.waitForStarted());
-        const QString journal = path(name + "-journal");
-        while (!QFile::exists(journal) && !process.waitForFinished(0) && process.state() != QProcess::NotRunning) {
+    for (const Words& change : {Words{"import", "k.db3", "new.csv"}, Words{"restore", "--yes", "k.db3", "new.db3"}}) {
+        int killedWhileWriting = 0;
+        for (int i = 0; i < 5; ++i) {
+            QFile::remove(path("k.db3"));
+            copyFile("old.db3", "k.db3");
+            killedWhileWriting += killWhileItWrites(change, "k.db3") ? 1 : 0;
+            EXPECT_EQ(run({"list", "k.db3"}).code, 0); // rolls an unfinished write back
+            const std::string now = dump("k.db3");
+            EXPECT_TRUE(now == dump("old.db3") || now == dump("new.db3")) << change.front();
+            EXPECT_EQ(query("k.db3", "PRAGMA integrity_check"), Words{"ok"});
         }
-        process.kill();
-        process.waitForFinished();
-        killedWhileWriting += process.exitStatus() == QProcess::CrashExit ? 1 : 0;
-        sql(name, "BEGIN IMMEDIATE; ROLLBACK;"); // what the next writer does first: roll an unfinished write back
-        const std::string now = dump(name);
-        EXPECT_TRUE(now == before || now == after) << name;
-        EXPECT_EQ(query(name, "PRAGMA integrity_check"), Words{"ok"});
+        EXPECT_GT(killedWhileWriting, 0) << change.front();
     }
-    EXPECT_GT(killedWhileWriting, 0);
 }
 
 TEST_F(Edit, LeavesTheFileWhenTheDiskIsFull)
@@ -269,6 +296,77 @@ TEST_F(Edit, RestoreBringsADamagedFileBack)
     EXPECT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(dump("r.db3"), dump("copy.db3"));
     EXPECT_EQ(run({"restore", "r.db3", "none.db3", "--yes"}).code, 2);
+}
+
+TEST_F(Edit, RestoreBringsBackWhatIsNoDatabaseAnyMore)
+{
+    ASSERT_EQ(run({"backup", "r.db3", "copy.db3"}).code, 0);
+    const std::string good = read("r.db3");
+    const std::string zeros(4096, '\0');
+    for (const std::string& wreck : {std::string(), std::string("never a database, but long enough to be looked at"),
+                                     zeros, good.substr(0, 6000), good.substr(0, 16) + zeros}) {
+        write("r.db3", wreck);
+        const std::size_t kept = backups().size();
+        EXPECT_EQ(run({"restore", "r.db3", "copy.db3"}).code, 0);
+        EXPECT_EQ(read("r.db3"), wreck) << "only shown";
+        const Outcome result = run({"restore", "r.db3", "copy.db3", "--yes"});
+        EXPECT_EQ(result.code, 0) << result.err;
+        EXPECT_EQ(result.out.find("cannot be compared: r.db3"), 0U) << result.out;
+        EXPECT_EQ(dump("r.db3"), dump("copy.db3"));
+        ASSERT_EQ(backups().size(), kept + 1);
+        EXPECT_TRUE(wreck.empty() || read(backups().back()) == wreck) << "kept byte by byte";
+    }
+}
+
+TEST_F(Edit, RestoreMakesAFileThatIsNotThere)
+{
+    ASSERT_EQ(run({"backup", "r.db3", "copy.db3"}).code, 0);
+    const Outcome look = run({"restore", "new.db3", "copy.db3"});
+    EXPECT_EQ(look.code, 0);
+    EXPECT_EQ(look.out, "There is no file new.db3 yet.\n");
+    EXPECT_FALSE(exists("new.db3"));
+    EXPECT_EQ(run({"restore", "new.db3", "copy.db3", "--yes"}).code, 0);
+    EXPECT_EQ(dump("new.db3"), dump("r.db3"));
+    EXPECT_TRUE(backups().empty()) << "there was nothing to keep";
+    EXPECT_EQ(run({"restore", "none/new.db3", "copy.db3", "--yes"}).err, "recipe-file: There is no folder none.\n");
+    EXPECT_EQ(run({"restore", "copy.db3", "./copy.db3", "--yes"}).err,
+              "recipe-file: copy.db3 and ./copy.db3 are the same file.\n");
+}
+
+TEST_F(Edit, RestoreLeavesAFileThatOthersUse)
+{
+    ASSERT_EQ(run({"backup", "r.db3", "copy.db3"}).code, 0);
+    ASSERT_EQ(run({"set", "copy.db3", "0", "1", "1"}).code, 0);
+    const std::string before = dump("r.db3");
+    for (const char* use : {"BEGIN IMMEDIATE", "BEGIN; SELECT count(*) FROM data_0"}) {
+        sqlite3* other = nullptr;
+        ASSERT_EQ(sqlite3_open(path("r.db3").toUtf8().constData(), &other), SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(other, use, nullptr, nullptr, nullptr), SQLITE_OK);
+        EXPECT_EQ(run({"restore", "r.db3", "copy.db3"}).code, 0) << "a look disturbs nobody";
+        const Outcome result = run({"restore", "r.db3", "copy.db3", "--yes"});
+        sqlite3_close(other);
+        EXPECT_EQ(result.code, 2);
+        EXPECT_EQ(result.err.find("recipe-file: r.db3 is locked by another program"), 0U) << result.err;
+        EXPECT_EQ(dump("r.db3"), before);
+    }
+    EXPECT_EQ(run({"restore", "r.db3", "copy.db3", "--yes"}).code, 0);
+    EXPECT_EQ(dump("r.db3"), dump("copy.db3"));
+}
+
+TEST_F(Edit, ReadsAFileWhoseWriterWasKilled)
+{
+    const std::string before = dump("r.db3");
+    interruptAWrite("r.db3");
+    const std::string half = read("r.db3");
+    const Outcome checked = run({"check", "r.db3"});
+    EXPECT_EQ(checked.code, 1);
+    EXPECT_NE(checked.out.find("A write was interrupted"), std::string::npos) << checked.out << checked.err;
+    EXPECT_EQ(read("r.db3"), half) << "check reads only";
+    const Outcome value = run({"get", "r.db3", "0", "0"});
+    EXPECT_EQ(value.out, "26.0\n");
+    EXPECT_EQ(value.err, "recipe-file: a write to r.db3 was interrupted; it is in its last whole state again\n");
+    EXPECT_EQ(dump("r.db3"), before);
+    EXPECT_FALSE(exists("r.db3-journal"));
 }
 
 TEST_F(Edit, TitlesComeBackUnchangedAndChangeWhereTheyAreEdited)

@@ -22,6 +22,9 @@ std::vector<Finding> findings(const FileOptions& options)
         return Checker(database).run();
     } catch (const DamagedFile& error) {
         return {{Finding::Fault, "integrity", "", error.what(), "Restore a backup (recipe-file restore)."}};
+    } catch (const InterruptedWrite&) {
+        return {{Finding::Fault, "journal", "", "A write was interrupted, and the file is half written.",
+                 INTERRUPTED_CURE}};
     }
 }
 

@@ -53,7 +53,7 @@ void print(const std::vector<GroupSurvey>& groups, const FileOptions& options)
 
 int info(const FileOptions& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, static_cast<int>(options.wait * 1000));
+    Database database(options.file, Database::Reading, static_cast<int>(options.wait * 1000));
     const std::vector<GroupSurvey> groups = surveyFile(database, options.language);
     if (!json) {
         print(groups, options);

@@ -31,47 +31,136 @@ int backup(const Options& options, bool json)
     return EXIT_DONE;
 }
 
-/// What restoring would change; a file that cannot be compared is no hindrance, it may be why one restores.
-FileDifference preview(const Options& options)
+struct Restoration
+{
+    FileDifference difference;
+    bool done = false;
+    std::string kept; ///< where what was replaced is; empty: nothing was
+};
+
+/// A file that cannot be compared is no hindrance, it may be why one restores.
+FileDifference incomparable(const std::string& why)
+{
+    FileDifference difference;
+    difference.different = true;
+    difference.text = why + '\n';
+    return difference;
+}
+
+/// What restoring would change.
+FileDifference preview(Database& file, Database& copy)
 {
     try {
-        return compareFiles(options.file, options.copy, std::string(), milliseconds(options.wait));
+        return compareFiles(file, copy, std::string());
+    } catch (const LockedFile&) {
+        throw;
     } catch (const ToolError& error) {
-        FileDifference difference;
-        difference.different = true;
-        difference.text = std::string("cannot be compared: ") + error.what() + '\n';
-        return difference;
+        return incomparable(std::string("cannot be compared: ") + error.what());
     }
+}
+
+Restoration look(const Options& options, Database& copy)
+{
+    Restoration result;
+    try {
+        Database file(options.file, Database::Reading, milliseconds(options.wait));
+        file.execute("BEGIN");
+        result.difference = preview(file, copy);
+    } catch (const LockedFile&) {
+        throw;
+    } catch (const ToolError& error) {
+        result.difference = incomparable(std::string("cannot be compared: ") + error.what());
+    }
+    return result;
+}
+
+/// In place, so that a program that has the file open goes on with the restored one.
+void replaceInPlace(const Options& options, Database& copy, Restoration& result)
+{
+    WholeFile file(options.file, milliseconds(options.wait));
+    result.difference = preview(file.database(), copy);
+    if (!result.difference.different)
+        return;
+    result.kept = file.keepAside();
+    file.replaceBy(copy);
+    result.done = true;
+}
+
+/// Where SQLite cannot work with what stands there.
+void replaceByRename(const Options& options, Database& copy, Restoration& result, const std::string& why)
+{
+    result.difference = incomparable("cannot be compared: " + why);
+    if (result.kept.empty())
+        result.kept = keepBytesAside(options.file);
+    placeCopy(copy, options.file, true);
+    result.done = true;
+}
+
+Restoration replace(const Options& options, Database& copy)
+{
+    Restoration result;
+    try {
+        replaceInPlace(options, copy, result);
+    } catch (const NotADatabase& error) {
+        replaceByRename(options, copy, result, error.what());
+    } catch (const DamagedFile& error) {
+        replaceByRename(options, copy, result, error.what());
+    }
+    return result;
+}
+
+Restoration makeMissing(const Options& options, Database& copy)
+{
+    Restoration result;
+    result.difference = incomparable("There is no file " + options.file + " yet.");
+    if (!options.yes)
+        return result;
+    placeCopy(copy, options.file, false);
+    result.done = true;
+    return result;
+}
+
+Restoration carryOut(const Options& options)
+{
+    Database copy(options.copy, Database::Reading, milliseconds(options.wait));
+    copy.execute("BEGIN"); // one state of the backup from the look to the last page
+    requireWhole(copy);
+    std::error_code ignored;
+    if (!std::filesystem::exists(options.file, ignored))
+        return makeMissing(options, copy);
+    if (std::filesystem::equivalent(options.file, options.copy, ignored))
+        throw ToolError(options.file + " and " + options.copy + " are the same file.");
+    if (!std::filesystem::is_regular_file(options.file, ignored))
+        throw ToolError(options.file + " is not an ordinary file.");
+    return options.yes ? replace(options, copy) : look(options, copy);
+}
+
+std::string ending(const Options& options, const Restoration& result)
+{
+    if (!result.difference.different)
+        return "Nothing changes: " + options.file + " holds what " + options.copy + " holds.";
+    if (!result.done)
+        return "Nothing was written; give --yes to restore.";
+    return "restored " + options.file + " from " + options.copy + '.'
+           + (result.kept.empty() ? std::string() : " The file as it was: " + result.kept);
 }
 
 int restore(const Options& options, bool json)
 {
-    requireWhole(options.copy, milliseconds(options.wait));
-    const FileDifference difference = preview(options);
-    const bool act = options.yes && difference.different;
-    std::string kept;
-    if (act) {
-        kept = keepAside(options.file, milliseconds(options.wait));
-        replaceContents(options.copy, options.file, milliseconds(options.wait));
-    }
+    const Restoration result = carryOut(options);
     if (json) {
         printData(dumpJson({{"ok", true},
                             {"file", options.file},
-                            {"restored", act},
-                            {"different", difference.different},
-                            {"backup", kept.empty() ? Json(nullptr) : Json(kept)},
-                            {"groups", difference.groups}}));
+                            {"restored", result.done},
+                            {"different", result.difference.different},
+                            {"backup", result.kept.empty() ? Json(nullptr) : Json(result.kept)},
+                            {"groups", result.difference.groups}}));
         return EXIT_DONE;
     }
-    printData(difference.text);
-    for (const std::string& line : difference.summaries)
+    printData(result.difference.text);
+    for (const std::string& line : result.difference.summaries)
         say(line);
-    if (!difference.different)
-        say("Nothing changes: " + options.file + " holds what " + options.copy + " holds.");
-    else if (!act)
-        say("Nothing was written; give --yes to restore.");
-    else
-        say("restored " + options.file + " from " + options.copy + ". The file as it was: " + kept);
+    say(ending(options, result));
     return EXIT_DONE;
 }
 

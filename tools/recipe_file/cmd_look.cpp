@@ -32,7 +32,7 @@ Json titlesJson(const QVector<QString>& titles)
 
 int list(const Options& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, milliseconds(options.wait));
+    Database database(options.file, Database::Reading, milliseconds(options.wait));
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
     const int count = static_cast<int>(options.items ? group.items.size() : group.columnName.size());
     TextTable table({options.items ? "Item" : "Recipe", "Name"}, {true, false});
@@ -49,7 +49,7 @@ int list(const Options& options, bool json)
 
 int show(const Options& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, milliseconds(options.wait));
+    Database database(options.file, Database::Reading, milliseconds(options.wait));
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
     std::vector<int> recipes;
     for (const std::string& wanted : options.recipes)
@@ -65,7 +65,7 @@ int show(const Options& options, bool json)
 
 int get(const Options& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, milliseconds(options.wait));
+    Database database(options.file, Database::Reading, milliseconds(options.wait));
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
     const int recipe = chooseRecipe(group, options.recipe);
     const int item = chooseItem(group, options.item);

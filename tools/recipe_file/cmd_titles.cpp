@@ -66,7 +66,7 @@ std::string toCsv(const std::vector<TitleRow>& rows, char delimiter)
 
 int exportTitles(const Options& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, milliseconds(options.wait));
+    Database database(options.file, Database::Reading, milliseconds(options.wait));
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
     const std::string text = toCsv(titlesOf(group), options.separator());
     if (options.sheet.empty() || options.sheet == "-") {

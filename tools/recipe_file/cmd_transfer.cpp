@@ -79,7 +79,7 @@ void exportToFile(Database& database, const recipeTableInfo_t& group, const Opti
 
 int exportSheet(const Options& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, milliseconds(options.wait));
+    Database database(options.file, Database::Reading, milliseconds(options.wait));
     database.execute("BEGIN"); // one state of the file from the first row to the last
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
     if (options.other.empty() || options.other == "-") {
@@ -115,8 +115,11 @@ int importSheet(const Options& options, bool json)
 
 int diffFiles(const Options& options, bool json)
 {
-    const FileDifference difference =
-        compareFiles(options.file, options.other, options.group, milliseconds(options.wait));
+    Database ours(options.file, Database::Reading, milliseconds(options.wait));
+    Database theirs(options.other, Database::Reading, milliseconds(options.wait));
+    ours.execute("BEGIN"); // one state of each file from the first look to the last
+    theirs.execute("BEGIN");
+    const FileDifference difference = compareFiles(ours, theirs, options.group);
     if (json) {
         printData(dumpJson({{"ok", true}, {"different", difference.different}, {"groups", difference.groups}}));
     } else {
@@ -129,7 +132,7 @@ int diffFiles(const Options& options, bool json)
 
 int diffSheet(const Options& options, bool json)
 {
-    Database database(options.file, Database::ReadOnly, milliseconds(options.wait));
+    Database database(options.file, Database::Reading, milliseconds(options.wait));
     database.execute("BEGIN");
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
     const Input input = readSheet(readWholeFile(options.other), options.other, group, options.sheetFormat());

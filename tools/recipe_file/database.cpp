@@ -1,12 +1,16 @@
 #include "database.h"
 
+#include "console.h"
 #include "new_file.h"
 #include "outcome.h"
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <vector>
 
 #include <unistd.h>
 
@@ -16,6 +20,7 @@ namespace {
 
 const int PAGES_PER_STEP = 1000;
 const int LOCK_PAUSE_MS = 20;
+const int BYTES_PER_PIECE = 1 << 16;
 
 } // namespace
 
@@ -105,7 +110,7 @@ bool Statement::isNumber(int column) const
 
 Database::Database(const std::string& path, Mode mode, int waitMs) : m_path(path), m_handle(nullptr)
 {
-    if (mode != EmptyFile)
+    if (mode != AnyContents)
         refuseOtherThings();
     try {
         open(mode, waitMs);
@@ -134,16 +139,37 @@ void Database::refuseOtherThings() const
         throw ToolError(m_path + " is empty, so it is no recipe file.");
 }
 
-void Database::open(Mode mode, int waitMs)
+void Database::connect(bool readOnly, int waitMs)
 {
-    const int flags = mode == ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     const int code = sqlite3_open_v2(m_path.c_str(), &m_handle, flags, nullptr);
     if (code != SQLITE_OK)
         fail(code);
     sqlite3_extended_result_codes(m_handle, 1);
     sqlite3_busy_timeout(m_handle, waitMs);
-    if (mode != EmptyFile && !hasTable("recipe_config"))
+}
+
+void Database::requireRecipeFile()
+{
+    if (!hasTable("recipe_config"))
         throw ToolError(m_path + " is an SQLite database without a table recipe_config, so it is no recipe file.");
+}
+
+void Database::open(Mode mode, int waitMs)
+{
+    connect(mode == ReadOnly || mode == Reading, waitMs);
+    if (mode == AnyContents)
+        return;
+    try {
+        requireRecipeFile();
+    } catch (const InterruptedWrite&) {
+        if (mode != Reading || access(m_path.c_str(), W_OK) != 0)
+            throw;
+        sqlite3_close(m_handle);
+        connect(false, waitMs);
+        requireRecipeFile();
+        say("a write to " + m_path + " was interrupted; it is in its last whole state again");
+    }
 }
 
 void Database::execute(const std::string& sql)
@@ -171,6 +197,13 @@ void Database::rollBack()
         sqlite3_exec(m_handle, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
+void Database::lockForReplacement()
+{
+    execute("PRAGMA locking_mode = EXCLUSIVE");
+    execute("BEGIN EXCLUSIVE");
+    execute("COMMIT"); // the lock stays
+}
+
 void Database::copyInto(Database& target, int waitMs)
 {
     sqlite3_backup* backup = sqlite3_backup_init(target.handle(), "main", m_handle, "main");
@@ -191,11 +224,32 @@ void Database::copyInto(Database& target, int waitMs)
         target.fail(code);
 }
 
+void Database::copyBytes(const std::string& target)
+{
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    sqlite3_file_control(m_handle, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (!file || !file->pMethods || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        throw ToolError("Cannot keep a copy of " + m_path + ": it cannot be read.");
+    std::ofstream out(target, std::ios::binary);
+    std::vector<char> piece(BYTES_PER_PIECE);
+    for (sqlite3_int64 done = 0; done < size;) {
+        const int count = static_cast<int>(std::min<sqlite3_int64>(size - done, BYTES_PER_PIECE));
+        if (file->pMethods->xRead(file, piece.data(), count, done) != SQLITE_OK)
+            throw ToolError("Cannot keep a copy of " + m_path + ": it cannot be read.");
+        out.write(piece.data(), count);
+        done += count;
+    }
+    out.close();
+    if (out.fail())
+        throw ToolError("Cannot write " + target + ": no room, or the medium is gone.");
+}
+
 void Database::fail(int code)
 {
     switch (code & 0xFF) {
     case SQLITE_NOTADB:
-        throw ToolError(m_path + " is not an SQLite database, so it is no recipe file.");
+        throw NotADatabase(m_path + " is not an SQLite database, so it is no recipe file.");
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         throw LockedFile(m_path
@@ -204,9 +258,7 @@ void Database::fail(int code)
         throw DamagedFile(m_path + " is damaged (" + sqlite3_errmsg(m_handle) + "); restore a backup.");
     case SQLITE_READONLY:
         if (code == SQLITE_READONLY_ROLLBACK || code == SQLITE_READONLY_RECOVERY)
-            throw ToolError("A write to " + m_path
-                            + " was interrupted; open it once with write access (a panel does it "
-                            + "on its own) to bring it back to its last whole state.");
+            throw InterruptedWrite("A write to " + m_path + " was interrupted. " + INTERRUPTED_CURE);
         throw ToolError(m_path + " cannot be written: " + sqlite3_errmsg(m_handle) + '.');
     default:
         throw ToolError(m_path + ": " + sqlite3_errmsg(m_handle) + '.');

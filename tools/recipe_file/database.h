@@ -12,6 +12,10 @@ struct sqlite3_stmt;
 
 class Database;
 
+/// What to do about an interrupted write.
+const char INTERRUPTED_CURE[] = "A panel, or any other command of recipe-file with write access, brings it back to its "
+                                "last whole state.";
+
 /// A prepared statement. Lives no longer than its database.
 class Statement
 {
@@ -45,9 +49,10 @@ class Database
 public:
     enum Mode
     {
-        ReadOnly,
+        ReadOnly, ///< writes nothing, whatever happens
+        Reading,  ///< rolls an unfinished write of a killed program back first, as every program with write access does
         ReadWrite,
-        EmptyFile ///< an empty file that is about to be filled
+        AnyContents ///< to be filled or replaced: whatever stands there now
     };
 
     /// Opens an existing file and makes sure that it is a recipe file. `waitMs` bounds the wait for other programs'
@@ -66,13 +71,19 @@ public:
     std::int64_t value(const std::string& sql);
     /// Ends a transaction without its changes, if one is open.
     void rollBack();
+    /// Takes the file for itself alone until the connection ends: others neither read nor write.
+    void lockForReplacement();
     /// Replaces all that `target` holds by what this file holds, in one transaction, with SQLite's backup interface.
     void copyInto(Database& target, int waitMs);
+    /// The file's bytes as they are, through this connection: opening the file beside it would end its locks.
+    void copyBytes(const std::string& target);
     [[noreturn]] void fail(int code);
 
 private:
     void refuseOtherThings() const;
     void open(Mode mode, int waitMs);
+    void connect(bool readOnly, int waitMs);
+    void requireRecipeFile();
 
     std::string m_path;
     sqlite3* m_handle;

@@ -30,6 +30,17 @@ std::string contents(Database& database)
     return text;
 }
 
+/// A ToolError unless the copy is whole and holds what the source holds.
+void requireSame(Database& source, Database& copy)
+{
+    const std::string damage = firstDamage(copy);
+    if (!damage.empty())
+        throw ToolError("The backup of " + source.path() + " would be damaged (" + damage
+                        + "); nothing was changed. See recipe-file check.");
+    if (contents(source) != contents(copy))
+        throw ToolError("The backup of " + source.path() + " does not agree with it; nothing was changed.");
+}
+
 } // namespace
 
 EditSession::EditSession(const std::string& path, double waitSeconds)
@@ -71,50 +82,65 @@ std::string backupName(const std::string& path)
     return name;
 }
 
-void copyRecipeFile(const std::string& from, const std::string& to, int waitMs)
+void requireWhole(Database& database)
 {
-    NewFile file(to, false);
+    const std::string damage = firstDamage(database);
+    if (!damage.empty())
+        throw ToolError(database.path() + " is damaged itself (" + damage + ").");
+}
+
+void placeCopy(Database& source, const std::string& target, bool replace)
+{
+    NewFile file(target, replace);
     {
-        Database source(from, Database::ReadOnly, waitMs);
-        Database target(file.path(), Database::EmptyFile, 0);
-        source.copyInto(target, waitMs);
-        const std::string damage = firstDamage(target);
-        if (!damage.empty())
-            throw ToolError("The backup of " + from + " would be damaged (" + damage
-                            + "); nothing was changed. See recipe-file check.");
-        if (contents(source) != contents(target))
-            throw ToolError("The backup of " + from + " does not agree with it; nothing was changed.");
+        Database copy(file.path(), Database::AnyContents, 0);
+        source.copyInto(copy, 0);
+        requireSame(source, copy);
     }
     file.commit();
 }
 
-void replaceContents(const std::string& from, const std::string& to, int waitMs)
+void copyRecipeFile(const std::string& from, const std::string& to, int waitMs)
 {
-    Database source(from, Database::ReadOnly, waitMs);
-    Database target(to, Database::ReadWrite, waitMs);
-    source.copyInto(target, waitMs);
+    NewFile file(to, false);
+    {
+        Database source(from, Database::Reading, waitMs);
+        Database target(file.path(), Database::AnyContents, 0);
+        source.copyInto(target, waitMs);
+        requireSame(source, target);
+    }
+    file.commit();
 }
 
-void requireWhole(const std::string& path, int waitMs)
-{
-    Database database(path, Database::ReadOnly, waitMs);
-    const std::string damage = firstDamage(database);
-    if (!damage.empty())
-        throw ToolError(path + " is damaged itself (" + damage + ").");
-}
-
-std::string keepAside(const std::string& path, int waitMs)
+std::string keepBytesAside(const std::string& path)
 {
     const std::string name = backupName(path);
+    std::error_code error;
+    std::filesystem::copy_file(path, name, error);
+    if (error)
+        throw ToolError("Cannot keep a copy of " + path + ": " + error.message() + '.');
+    return name;
+}
+
+WholeFile::WholeFile(const std::string& path, int waitMs) : m_database(path, Database::AnyContents, waitMs)
+{
+    m_database.lockForReplacement();
+}
+
+std::string WholeFile::keepAside()
+{
+    const std::string name = backupName(m_database.path());
     try {
-        copyRecipeFile(path, name, waitMs);
-    } catch (const LockedFile&) {
-        throw;
+        placeCopy(m_database, name, false);
     } catch (const ToolError&) {
-        std::error_code error;
-        std::filesystem::copy_file(path, name, error);
-        if (error)
-            throw ToolError("Cannot keep a copy of " + path + ": " + error.message() + '.');
+        NewFile file(name, false);
+        m_database.copyBytes(file.path());
+        file.commit();
     }
     return name;
+}
+
+void WholeFile::replaceBy(Database& source)
+{
+    source.copyInto(m_database, 0);
 }

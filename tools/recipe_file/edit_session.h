@@ -36,15 +36,33 @@ void copyRecipeFile(const std::string& from, const std::string& to, int waitMs);
 /// "recipeN.db3.20260131T235959.123Z.bak", with "-2" and so on behind the time where that exists.
 std::string backupName(const std::string& path);
 
-/// Replaces the contents of `to` by those of `from` in one transaction of SQLite's.
-void replaceContents(const std::string& from, const std::string& to, int waitMs);
+/// A ToolError unless the file passes SQLite's integrity check.
+void requireWhole(Database& database);
 
-/// A ToolError unless the file is a recipe file that passes SQLite's integrity check.
-void requireWhole(const std::string& path, int waitMs);
+/// An existing file that a backup is to take the place of. Nobody else reads or writes it from construction to the
+/// end, so what was shown, what is kept aside and what is replaced are the same.
+class WholeFile
+{
+public:
+    /// A NotADatabase where there is nothing that could be locked.
+    WholeFile(const std::string& path, int waitMs);
 
-/// A copy of a file that is about to be replaced, verified where that is possible: a damaged file is copied byte by
-/// byte. Returns the copy's path.
-std::string keepAside(const std::string& path, int waitMs);
+    Database& database() { return m_database; }
+    /// Copies the file, verified where that is possible: a damaged file is copied byte by byte. Returns the copy's
+    /// path.
+    std::string keepAside();
+    /// In one transaction of SQLite's; killed at any point, the file is wholly old or wholly new.
+    void replaceBy(Database& source);
+
+private:
+    Database m_database;
+};
+
+/// Makes a file of a whole recipe file's contents, under another name until it is complete and on the disk.
+void placeCopy(Database& source, const std::string& target, bool replace);
+
+/// Copies what is no database and cannot be locked. Returns the copy's path.
+std::string keepBytesAside(const std::string& path);
 
 int milliseconds(double seconds);
 

@@ -41,12 +41,8 @@ void addGroup(FileDifference& result, Database& before, Database& after, int num
 
 } // namespace
 
-FileDifference compareFiles(const std::string& before, const std::string& after, const std::string& group, int waitMs)
+FileDifference compareFiles(Database& ours, Database& theirs, const std::string& group)
 {
-    Database ours(before, Database::ReadOnly, waitMs);
-    Database theirs(after, Database::ReadOnly, waitMs);
-    ours.execute("BEGIN"); // one state of each file from the first look to the last
-    theirs.execute("BEGIN");
     std::vector<int> mine = groupNumbers(ours);
     std::vector<int> others = groupNumbers(theirs);
     if (!group.empty()) {
@@ -58,9 +54,9 @@ FileDifference compareFiles(const std::string& before, const std::string& after,
     FileDifference result;
     for (const int number : all) {
         if (!holds(mine, number))
-            addLonely(result, number, after);
+            addLonely(result, number, theirs.path());
         else if (!holds(others, number))
-            addLonely(result, number, before);
+            addLonely(result, number, ours.path());
         else
             addGroup(result, ours, theirs, number);
     }

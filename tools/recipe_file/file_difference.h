@@ -2,6 +2,7 @@
 #ifndef FILE_DIFFERENCE_H
 #define FILE_DIFFERENCE_H
 
+#include "database.h"
 #include "json_document.h"
 
 #include <string>
@@ -15,7 +16,8 @@ struct FileDifference
     Json groups = Json::array();
 };
 
-/// `group` by number or title; all groups where it is empty.
-FileDifference compareFiles(const std::string& before, const std::string& after, const std::string& group, int waitMs);
+/// `group` by number or title; all groups where it is empty. A caller who wants one state of each file opens
+/// transactions around it.
+FileDifference compareFiles(Database& ours, Database& theirs, const std::string& group);
 
 #endif

@@ -50,6 +50,20 @@ public:
     using ToolError::ToolError;
 };
 
+/// What stands in the file is no SQLite database.
+class NotADatabase : public ToolError
+{
+public:
+    using ToolError::ToolError;
+};
+
+/// The file cannot be read before somebody with write access has rolled an unfinished write back.
+class InterruptedWrite : public ToolError
+{
+public:
+    using ToolError::ToolError;
+};
+
 /// Another program holds the file's lock.
 class LockedFile : public ToolError
 {
