@@ -383,7 +383,7 @@ TEST_F(Edit, TitlesComeBackUnchangedAndChangeWhereTheyAreEdited)
     EXPECT_EQ(
         run({"titles", "import", "r.db3", "-"}, "Kind,Number,Language 1\nitem,99,x\n").err,
         "recipe-file: -, row 2: the row's owner is \"item 99\", expected group, item or recipe with a number that "
-        "the file has.\nrecipe-file: - has 1 error; nothing was changed.\n");
+        "the file has.\nrecipe-file: - has 1 error; nothing was changed. Correct it, then try again.\n");
 }
 
 TEST_F(Edit, RefusesAGroupWhoseTablesDisagree)

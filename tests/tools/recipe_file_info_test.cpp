@@ -263,3 +263,61 @@ TEST_F(CommandLine, CompletesCommandsAndOptions)
     EXPECT_EQ(complete("recipe-file titles import --del", 3).out, "--delimiter ");
     EXPECT_EQ(complete("recipe-file", 1).err, "");
 }
+
+TEST_F(CommandLine, CompletesInZsh)
+{
+    if (runShell("command -v zsh").code != 0)
+        GTEST_SKIP() << "there is no zsh here";
+    write("_recipe-file", run({"completion", "zsh"}).out);
+    const auto complete = [this](const std::string& words, int place) {
+        write("try.zsh", "compdef() {}; _describe() { print -l -- $commands; }; _arguments() { print -l -- \"$@\"; }\n"
+                         ". ./_recipe-file\nwords=("
+                             + words + "); CURRENT=" + std::to_string(place) + "; _recipe-file\n");
+        const Outcome result = runShell("zsh -f try.zsh");
+        EXPECT_EQ(result.err, "");
+        return result.out;
+    };
+    EXPECT_NE(complete("recipe-file ''", 2).find("export:Write a group as CSV, JSON or a plain table\n"),
+              std::string::npos);
+    EXPECT_NE(complete("recipe-file import ''", 3).find("--dry-run[Show what would change, change nothing]\n"),
+              std::string::npos);
+    EXPECT_NE(complete("recipe-file export ''", 3).find("value:(csv json table)\n"), std::string::npos);
+    EXPECT_NE(complete("recipe-file titles ''", 3).find("import:Take changed titles\n"), std::string::npos);
+    const std::string titles = complete("recipe-file titles import ''", 4);
+    EXPECT_NE(titles.find("--dry-run["), std::string::npos) << titles;
+    EXPECT_EQ(titles.find("--strict["), std::string::npos) << titles;
+}
+
+TEST_F(CommandLine, CompletesInFish)
+{
+    if (runShell("command -v fish").code != 0)
+        GTEST_SKIP() << "there is no fish here";
+    write("recipe-file.fish", run({"completion", "fish"}).out);
+    const auto complete = [this](const std::string& line) {
+        return runShell("HOME=$PWD fish --no-config -c \"source recipe-file.fish; complete -C '" + line + "'\"").out;
+    };
+    EXPECT_NE(complete("recipe-file exp").find("export\tWrite a group"), std::string::npos);
+    EXPECT_NE(complete("recipe-file import --dr").find("--dry-run\tShow what"), std::string::npos);
+    EXPECT_NE(complete("recipe-file export --format ").find("table"), std::string::npos);
+    EXPECT_NE(complete("recipe-file titles imp").find("import\tTake changed titles"), std::string::npos);
+    EXPECT_NE(complete("recipe-file titles export --for").find("--force"), std::string::npos);
+    EXPECT_EQ(complete("recipe-file titles export --for").find("--format"), std::string::npos);
+}
+
+TEST_F(CommandLine, OffersTheNearestOption)
+{
+    EXPECT_EQ(run({"import", "r.db3", "s.csv", "--drry-run"}).err,
+              "recipe-file: The following argument was not expected: --drry-run, did you mean \"--dry-run\"?\n");
+    EXPECT_EQ(run({"titles", "import", "r.db3", "s.csv", "--delimitr=;"}).err.find(", did you mean \"--delimiter\"?\n"),
+              run({"titles", "import", "r.db3", "s.csv", "--delimitr=;"}).err.size() - 32);
+    EXPECT_NE(run({"import", "r.db3"}).err.find("; see recipe-file import --help."), std::string::npos);
+    EXPECT_NE(run({"titles", "export"}).err.find("; see recipe-file titles export --help."), std::string::npos);
+}
+
+TEST_F(CommandLine, FindsAGroupByItsTitleInAnyLanguage)
+{
+    ASSERT_EQ(run({"create", bakery(), "b.db3"}).code, 0);
+    EXPECT_EQ(run({"get", "b.db3", "Baguette", "1", "--group", "Backstraße"}).out, "81.25\n");
+    EXPECT_EQ(run({"get", "b.db3", "Baguette", "1", "--group", "Backstrase"}).err,
+              "recipe-file: There is no group \"Backstrase\" in b.db3, did you mean \"Backstraße\"?\n");
+}

@@ -176,20 +176,26 @@ TEST_F(Sheet, WithErrorsIsRefusedWholeWithEveryPlace)
     const Outcome result = run({"import", "r.db3", "-"}, text);
     EXPECT_EQ(result.code, 2);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.err,
-              "recipe-file: -, row 3, column 5: the value is \"1,5\", expected a number with \".\" as its decimal mark "
-              "(see --decimal).\n"
-              "recipe-file: -, row 3, column 3: recipe 0 \"A\", item 0 \"Level, \"upper\"\": the value is \"warm\", "
-              "expected a number.\n"
-              "recipe-file: -, row 5, column 3: recipe 0 \"A\", item 2 \"Count\": the value is missing, expected a "
-              "number.\n"
-              "recipe-file: -, row 3, column 4: recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is \"0.001\", "
-              "expected at most 2 decimals.\n"
-              "recipe-file: -, row 5, column 4: recipe 1 \"=B\", item 2 \"Count\": the value is \"0.5\", expected a "
-              "whole number.\n"
-              "recipe-file: -, row 5, column 5: recipe 2 \"A\", item 2 \"Count\": the value is \"12345678\", expected "
-              "at most 5 digits.\n"
-              "recipe-file: - has 6 errors; nothing was changed.\n");
+    EXPECT_EQ(
+        result.err,
+        "recipe-file: -, row 3, column 3 (C): recipe 0 \"A\", item 0 \"Level, \"upper\"\": the value is \"warm\", "
+        "expected a number.\n"
+        "recipe-file: -, row 3, column 4 (D): recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is "
+        "\"0.001\", expected at most 2 decimals.\n"
+        "recipe-file: -, row 3, column 5 (E): the value is \"1,5\", expected a number with \".\" as its decimal "
+        "mark (see --decimal).\n"
+        "recipe-file: -, row 5, column 3 (C): recipe 0 \"A\", item 2 \"Count\": the value is missing, expected a "
+        "number.\n"
+        "recipe-file: -, row 5, column 4 (D): recipe 1 \"=B\", item 2 \"Count\": the value is \"0.5\", expected a "
+        "whole number.\n"
+        "recipe-file: -, row 5, column 5 (E): recipe 2 \"A\", item 2 \"Count\": the value is \"12345678\", "
+        "expected at most 5 digits.\n"
+        "recipe-file: - has 6 errors; nothing was changed. Correct them, then try again.\n");
+    const Outcome json = run({"--json", "import", "r.db3", "-"}, text);
+    EXPECT_EQ(json.code, 2);
+    EXPECT_EQ(json.err, "");
+    EXPECT_NE(json.out.find("\"file\": \"-\",\n      \"row\": 3,\n      \"column\": 4\n"), std::string::npos)
+        << json.out;
     EXPECT_EQ(dump("r.db3"), before);
     EXPECT_EQ(run({"diff", "r.db3", "-"}, text).code, 2);
     EXPECT_EQ(files(), Words{"r.db3"});
@@ -198,7 +204,7 @@ TEST_F(Sheet, WithErrorsIsRefusedWholeWithEveryPlace)
 TEST_F(Sheet, OutsideItsLimitsIsAWarningUnlessStrict)
 {
     const std::string text = edited("-1.50,0.00", "-1.50,100.01");
-    const std::string sentence = "-, row 3, column 4: recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is "
+    const std::string sentence = "-, row 3, column 4 (D): recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is "
                                  "\"100.01\", expected -100.00 to 100.00.\n";
     const Outcome strict = run({"import", "--strict", "r.db3", "-"}, text);
     EXPECT_EQ(strict.code, 2);
@@ -255,7 +261,7 @@ TEST_F(Sheet, WithoutNumbersGoesByNamesThatMustBeClear)
     EXPECT_EQ(query("r.db3", "SELECT D2 FROM data_2 WHERE column = 3"), Words{"9.0"});
     const Outcome result = run({"import", "r.db3", "-"}, "Item,Name,A\n2,,9\n");
     EXPECT_EQ(result.code, 2);
-    EXPECT_NE(result.err.find("-, column 3: the recipe is \"A\", expected a name that one recipe has"),
+    EXPECT_NE(result.err.find("-, column 3 (C): the recipe is \"A\", expected a name that one recipe has"),
               std::string::npos)
         << result.err;
 }
@@ -269,4 +275,110 @@ TEST_F(Sheet, ChangesAreTheSameWithJsonOutput)
     EXPECT_NE(result.out.find("\"old\": \"-1.50\""), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("\"new\": \"-2.50\""), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("\"backup\": \"r.db3."), std::string::npos) << result.out;
+}
+
+TEST_F(Sheet, TellsRowsAndColumnsAsTheyLieWhenTransposed)
+{
+    std::string text = run({"export", "--transposed", "r.db3"}).out;
+    text.replace(text.find("0.00"), 4, "cold");
+    const Outcome result = run({"import", "r.db3", "-"}, text);
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.err.find("recipe-file: -, row 4, column 3 (C): recipe 1"), 0U) << result.err;
+}
+
+TEST_F(Sheet, RemarksANewRecipeWhoseNameIsNearToAnother)
+{
+    const Outcome result = run({"import", "--dry-run", "r.db3", "-"}, "Item,Name,Lonngest\n0,,1\n1,,x\n2,,5\n");
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(result.err.find("note: "), std::string::npos) << result.err;
+    ASSERT_EQ(run({"rename", "r.db3", "3", "Longest"}).code, 0);
+    const Outcome near = run({"import", "--dry-run", "r.db3", "-"}, "Item,Name,Lonngest\n0,,1\n1,,x\n2,,5\n");
+    EXPECT_EQ(near.err.find("recipe-file: note: -, column 3 (C): \"Lonngest\" is a new recipe, did you mean "
+                            "\"Longest\"?\n"),
+              0U)
+        << near.err;
+}
+
+TEST_F(Sheet, SaysWhyNothingChanges)
+{
+    const std::string same = run({"export", "r.db3"}).out;
+    for (const Words& command : {Words{"import", "r.db3", "-"}, Words{"diff", "r.db3", "-"}}) {
+        EXPECT_EQ(
+            run(command, same).err.find("recipe-file: Nothing changes: all values are already as in the input.\n"), 0U);
+        EXPECT_NE(run(command, "Item,Name,D\n,Recipe,3\n9,x,1\n").err.find("Nothing changes: no item of the input"),
+                  std::string::npos);
+    }
+    EXPECT_EQ(files(), Words{"r.db3"}) << "no backup of what did not change";
+}
+
+TEST_F(Sheet, IsJsonOnStandardOutputWithTheJsonOption)
+{
+    const Outcome result = run({"export", "--json", "r.db3"});
+    EXPECT_EQ(result.out, run({"export", "--format", "json", "r.db3"}).out);
+    EXPECT_EQ(result.out, run({"--json", "export", "r.db3"}).out);
+    EXPECT_EQ(run({"export", "--json", "--format", "csv", "r.db3"}).out, run({"export", "r.db3"}).out);
+}
+
+namespace {
+
+const char TWO_GROUPS[] = R"({"groups": [
+  {"index": 2, "items": [], "recipes": []},
+  {"index": 5, "names": ["Oven", "Ofen"], "notifyAddress": "PLC,1,0,M,10,0",
+   "items": [{"names": "Heat", "address": "PLC,1,0,D,100,0", "dataType": 6, "totalDigits": 4, "decimalDigits": 1, "max": 300},
+             {"names": "Code", "address": "PLC,1,0,D,102,0", "dataType": "text", "totalDigits": 6}],
+   "recipes": [{"names": "A", "values": [21.5, "007"]}, {"names": "B", "values": [3, "=1"]}]}]})";
+
+/// The second of the two alone.
+std::string oneGroup()
+{
+    std::string text = TWO_GROUPS;
+    const std::size_t first = text.find("{\"index\": 2");
+    return text.erase(first, text.find("{\"index\": 5") - first);
+}
+
+} // namespace
+
+TEST_F(Sheet, AsJsonBringsAGroupThatTheFileDoesNotHave)
+{
+    write("one.json", oneGroup());
+    const std::string before = dump("r.db3");
+    const Outcome diff = run({"diff", "r.db3", "one.json"});
+    EXPECT_EQ(diff.code, 1);
+    EXPECT_EQ(diff.out, "group 5 \"Oven\": only in one.json\n");
+    const Outcome dry = run({"import", "--dry-run", "r.db3", "one.json"});
+    EXPECT_EQ(dry.code, 0);
+    EXPECT_EQ(dry.err, "recipe-file: new group 5 \"Oven\" (2 items, 2 recipes). Nothing was written.\n");
+    EXPECT_EQ(dump("r.db3"), before);
+
+    const Outcome result = run({"import", "r.db3", "one.json"});
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(
+        result.err.find("recipe-file: new group 5 \"Oven\" (2 items, 2 recipes).\nrecipe-file: The file as it was"), 0U)
+        << result.err;
+    ASSERT_EQ(run({"create", "one.json", "alone.db3"}).code, 0);
+    for (const char* table : {"addr_5", "lang_5", "data_5"})
+        EXPECT_EQ(query("r.db3", std::string("SELECT rowid, * FROM ") + table),
+                  query("alone.db3", std::string("SELECT rowid, * FROM ") + table));
+    EXPECT_EQ(query("r.db3", "SELECT * FROM recipe_config WHERE group_index = 5"),
+              query("alone.db3", "SELECT * FROM recipe_config"));
+    EXPECT_EQ(query("r.db3", "SELECT sql FROM sqlite_master WHERE name LIKE '%\\_5' ESCAPE '\\' ORDER BY name"),
+              query("alone.db3", "SELECT sql FROM sqlite_master WHERE name LIKE '%\\_5' ESCAPE '\\' ORDER BY name"));
+    EXPECT_EQ(run({"check", "r.db3"}).code, 0);
+    EXPECT_EQ(run({"diff", "r.db3", "one.json"}).code, 0);
+    EXPECT_EQ(run({"import", "r.db3", "one.json", "--group", "Ofen"}).err.find("recipe-file: Nothing changes"), 0U);
+}
+
+TEST_F(Sheet, AsJsonOfSeveralGroupsAsksWhichIsMeant)
+{
+    write("two.json", TWO_GROUPS);
+    write("others.json", std::string(TWO_GROUPS).replace(std::string(TWO_GROUPS).find("2"), 1, "4"));
+    EXPECT_EQ(run({"import", "r.db3", "others.json"}).err,
+              "recipe-file: others.json has several groups (4, 5); give one with --group.\n");
+    EXPECT_EQ(run({"import", "r.db3", "two.json", "--group", "5"}).code, 2) << "the other group is wrong";
+    write("one.json", oneGroup());
+    EXPECT_EQ(run({"import", "none.db3", "one.json"}).err,
+              "recipe-file: There is no file none.db3; recipe-file create one.json none.db3 makes one.\n");
+    EXPECT_EQ(run({"import", "r.db3", "one.json", "--group", "9"}).err,
+              "recipe-file: There is no group \"9\" in r.db3 (groups: 2).\n");
+    EXPECT_EQ(files(), (Words{"one.json", "others.json", "r.db3", "two.json"}));
 }

@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -31,8 +32,15 @@ bool asksForJson(int argc, char** argv)
 
 Json problemToJson(const Problem& problem)
 {
-    return {{"path", problem.path},   {"place", problem.place},       {"field", problem.field},
-            {"value", problem.value}, {"expected", problem.expected}, {"text", problem.text()}};
+    Json object = {{"path", problem.path},   {"place", problem.place},       {"field", problem.field},
+                   {"value", problem.value}, {"expected", problem.expected}, {"text", problem.text()}};
+    if (!problem.file.empty())
+        object["file"] = problem.file;
+    if (problem.row > 0)
+        object["row"] = problem.row;
+    if (problem.column > 0)
+        object["column"] = problem.column;
+    return object;
 }
 
 int reportFailure(const ToolError& error, bool json)
@@ -54,7 +62,7 @@ int reportFailure(const ToolError& error, bool json)
 void refuseUnknownCommand(const CLI::App& app, int argc, char** argv)
 {
     if (argc < 2 || argv[1][0] == '-')
-        return;
+        return; // an option of the program itself
     std::vector<std::string> names;
     for (const CLI::App* command : app.get_subcommands({}))
         names.push_back(command->get_name());
@@ -66,6 +74,41 @@ void refuseUnknownCommand(const CLI::App& app, int argc, char** argv)
     throw ToolError("There is no command " + quoted(argv[1]) + (hint.empty() ? "; see recipe-file --help." : hint));
 }
 
+/// The command that was chosen, the inner one of two.
+const CLI::App* chosenCommand(const CLI::App& app, std::string& path)
+{
+    const CLI::App* command = &app;
+    while (!command->get_subcommands().empty()) {
+        command = command->get_subcommands().front();
+        path += command->get_name() + ' ';
+    }
+    return command;
+}
+
+/// The option that is nearest to one that does not exist.
+std::string optionHint(const CLI::App* command, int argc, char** argv)
+{
+    std::vector<std::string> known;
+    for (const CLI::Option* option : command->get_options()) {
+        for (const std::string& name : option->get_lnames())
+            known.push_back("--" + name);
+    }
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = std::string(argv[i]).substr(0, std::string(argv[i]).find('='));
+        if (word.compare(0, 2, "--") == 0 && word != "--" && std::find(known.begin(), known.end(), word) == known.end())
+            return didYouMean(word, known);
+    }
+    return std::string();
+}
+
+std::string refusal(const CLI::App& app, const CLI::ParseError& error, int argc, char** argv)
+{
+    std::string path;
+    const CLI::App* command = chosenCommand(app, path);
+    const std::string hint = optionHint(command, argc, argv);
+    return error.what() + (hint.empty() ? "; see recipe-file " + path + "--help." : hint);
+}
+
 int parseAndRun(CLI::App& app, Session& session, int argc, char** argv)
 {
     refuseUnknownCommand(app, argc, argv);
@@ -74,9 +117,7 @@ int parseAndRun(CLI::App& app, Session& session, int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
             return app.exit(error); // --help, --version
-        const auto chosen = app.get_subcommands();
-        throw ToolError(std::string(error.what()) + "; see recipe-file "
-                        + (chosen.empty() ? "" : chosen.front()->get_name() + ' ') + "--help.");
+        throw ToolError(refusal(app, error, argc, argv));
     }
     return session.action();
 }
@@ -110,6 +151,7 @@ int runApplication(int argc, char** argv)
     app.require_subcommand(1);
     app.footer(EXIT_CODES);
     Session session;
+    app.add_flag("--json", session.json, "The same as --json behind the command");
     addCreate(app, session);
     addGenerate(app, session);
     addInfo(app, session);

@@ -59,10 +59,22 @@ public:
     }
 
 private:
-    std::string pathOf(const InputRecipe& recipe, int item) const
+    SheetPlace itemPlace(int item) const
     {
-        const std::string row = m_input.rowPlaces.empty() ? "" : m_input.rowPlaces[static_cast<std::size_t>(item)];
-        return m_input.name + (row.empty() ? "" : ", " + row) + (recipe.place.empty() ? "" : ", " + recipe.place);
+        return m_input.itemPlaces.empty() ? SheetPlace() : m_input.itemPlaces[static_cast<std::size_t>(item)];
+    }
+
+    std::string pathOf(const InputRecipe& recipe, const SheetPlace& place) const
+    {
+        const std::string where = recipe.path.empty() ? place.text() : recipe.path;
+        return m_input.name + (where.empty() ? "" : ", " + where);
+    }
+
+    Problem problemOf(const InputRecipe& recipe, int item, const std::string& value, const std::string& expected) const
+    {
+        const SheetPlace place = itemPlace(item).with(recipe.place);
+        return {pathOf(recipe, place), placeOf(recipe, item), "the value", value, expected, m_input.name, place.row,
+                place.column};
     }
 
     std::string placeOf(const InputRecipe& recipe, int item) const
@@ -78,15 +90,13 @@ private:
         if (cell.kind != InputCell::Given) {
             if (isText(info))
                 return std::string();
-            m_result.problems.push_back(
-                {pathOf(recipe, item), placeOf(recipe, item), "the value", "missing", "a number"});
+            m_result.problems.push_back(problemOf(recipe, item, "missing", "a number"));
             return std::nullopt;
         }
         const CheckedValue value = checkValue(info, QString::fromStdString(cell.text));
         if (value.ok())
             return value.text.toStdString();
-        const Problem problem = {pathOf(recipe, item), placeOf(recipe, item), "the value", quoted(cell.text),
-                                 value.expected};
+        const Problem problem = problemOf(recipe, item, quoted(cell.text), value.expected);
         if (!value.outsideLimits || m_strict) {
             m_result.problems.push_back(problem);
             return std::nullopt;
@@ -97,16 +107,18 @@ private:
 
     void checkTitles(const InputRecipe& recipe, const QVector<QString>& titles, int number)
     {
-        const std::string path = m_input.name + (recipe.place.empty() ? "" : ", " + recipe.place);
+        const std::string path = pathOf(recipe, recipe.place);
         const std::string place = recipe.number ? recipeLabel(m_group, number) : std::string("new recipe");
         for (const QString& title : titles) {
             if (title.contains(QChar(0)))
-                m_result.problems.push_back({path, place, "the title", "a text with a zero character", "one without"});
+                m_result.problems.push_back({path, place, "the title", "a text with a zero character", "one without",
+                                             m_input.name, recipe.place.row, recipe.place.column});
         }
         const int room = titleRoom(m_group.groupIndex, number);
         if (titleBytes(titles) > room)
             m_result.problems.push_back({path, place, "the title", std::to_string(titleBytes(titles)) + " bytes in all",
-                                         "at most " + std::to_string(room) + " for all languages together"});
+                                         "at most " + std::to_string(room) + " for all languages together",
+                                         m_input.name, recipe.place.row, recipe.place.column});
     }
 
     const recipeTableInfo_t& m_group;
@@ -186,13 +198,39 @@ Json cellToJson(const Cell& cell)
     return cell ? Json(*cell) : Json(nullptr);
 }
 
+/// As a person goes through the sheet. What has no place comes first.
+void sortByPlace(std::vector<Problem>& problems)
+{
+    std::stable_sort(problems.begin(), problems.end(), [](const Problem& a, const Problem& b) {
+        return std::make_pair(a.row, a.column) < std::make_pair(b.row, b.column);
+    });
+}
+
+/// 1 is "A", 27 is "AA".
+std::string letters(int column)
+{
+    std::string text;
+    for (; column > 0; column = (column - 1) / 26)
+        text.insert(text.begin(), static_cast<char>('A' + (column - 1) % 26));
+    return text;
+}
+
 } // namespace
+
+std::string SheetPlace::text() const
+{
+    const std::string rowText = row > 0 ? "row " + std::to_string(row) : std::string();
+    if (column < 1)
+        return rowText;
+    return rowText + (row > 0 ? ", " : "") + "column " + std::to_string(column) + " (" + letters(column) + ')';
+}
 
 ChangeSet compare(Database& database, const recipeTableInfo_t& group, const Input& input, bool strict)
 {
     ChangeSet result;
     result.problems = input.problems;
     result.unknown = input.unknown;
+    result.remarks = input.remarks;
     Comparison comparison(group, input, strict, result);
     std::map<int, const InputRecipe*> known;
     for (const InputRecipe& recipe : input.recipes) {
@@ -214,6 +252,7 @@ ChangeSet compare(Database& database, const recipeTableInfo_t& group, const Inpu
         if (!recipe.number)
             comparison.addRecipe(recipe);
     }
+    sortByPlace(result.problems);
     return result;
 }
 
@@ -295,11 +334,12 @@ std::string summary(const ChangeSet& changes, const std::string& others)
 
 Json changesToJson(const recipeTableInfo_t& group, const ChangeSet& changes)
 {
-    Json object = {
-        {"group", group.groupIndex},          {"changed", changes.cells.size()}, {"unchanged", changes.unchanged},
-        {"titles", changes.titles.size()},    {"new", changes.recipes.size()},   {"unknown", changes.unknown},
-        {"notMentioned", changes.onlyInFile}, {"warnings", changes.warnings},    {"cells", Json::array()},
-        {"titleChanges", Json::array()},      {"newRecipes", Json::array()}};
+    Json object = {{"group", group.groupIndex},          {"changed", changes.cells.size()},
+                   {"unchanged", changes.unchanged},     {"titles", changes.titles.size()},
+                   {"new", changes.recipes.size()},      {"unknown", changes.unknown},
+                   {"notMentioned", changes.onlyInFile}, {"warnings", changes.warnings},
+                   {"remarks", changes.remarks},         {"cells", Json::array()},
+                   {"titleChanges", Json::array()},      {"newRecipes", Json::array()}};
     for (const CellChange& change : changes.cells)
         object["cells"].push_back({{"recipe", change.recipe},
                                    {"item", change.item},
@@ -322,6 +362,7 @@ void refuseProblems(const ChangeSet& changes, const std::string& inputName)
     if (!changes.problems.empty())
         throw ToolError(inputName + " has "
                             + counted(static_cast<long long>(changes.problems.size()), "error", "errors")
-                            + "; nothing was changed.",
+                            + "; nothing was changed. Correct " + (changes.problems.size() == 1 ? "it" : "them")
+                            + ", then try again.",
                         changes.problems);
 }

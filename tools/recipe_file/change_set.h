@@ -7,6 +7,7 @@
 #include "json_document.h"
 #include "outcome.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,11 +28,27 @@ struct InputCell
     static InputCell missing() { return {Missing, std::string()}; }
 };
 
+/// Where something stands in a sheet; rows and columns count from 1, 0: not said.
+struct SheetPlace
+{
+    int row = 0;
+    int column = 0;
+
+    /// "row 8, column 6 (F)": with the letters that spreadsheet programs show.
+    std::string text() const;
+    /// What both say.
+    SheetPlace with(const SheetPlace& other) const
+    {
+        return {std::max(row, other.row), std::max(column, other.column)};
+    }
+};
+
 /// One recipe of an input.
 struct InputRecipe
 {
     std::optional<int> number;                      ///< in the file; nothing: a new one
-    std::string place;                              ///< "column 4" of the input
+    SheetPlace place;                               ///< its column of the sheet
+    std::string path;                               ///< where it is in JSON: "groups[0].recipes[3]"
     std::vector<std::optional<std::string>> titles; ///< 8; nothing: not said
     std::vector<InputCell> cells;                   ///< one per item of the group
 };
@@ -40,9 +57,10 @@ struct Input
 {
     std::string name; ///< the file it came from
     std::vector<InputRecipe> recipes;
-    std::vector<std::string> rowPlaces; ///< per item: "row 3"
+    std::vector<SheetPlace> itemPlaces; ///< per item: its row of the sheet; empty where there is none
     std::vector<Problem> problems;      ///< what reading it found
     std::vector<std::string> unknown;   ///< items of the input that the group does not have, with their place
+    std::vector<std::string> remarks;   ///< what may not be meant, a sentence each
 };
 
 struct CellChange
@@ -74,6 +92,7 @@ struct ChangeSet
     std::vector<NewRecipe> recipes;
     std::vector<int> onlyInFile; ///< recipes that the input does not mention
     std::vector<std::string> unknown;
+    std::vector<std::string> remarks;  ///< of the input
     std::vector<std::string> warnings; ///< values outside limits, where that is allowed
     std::vector<Problem> problems;
     long long unchanged = 0; ///< cells

@@ -110,11 +110,12 @@ public:
             throw ToolError(m_options.sheet
                             + " does not start with the fields Kind and Number, as titles export writes.");
         for (std::size_t i = 1; i < rows.size(); ++i)
-            readRow(rows[i], "row " + std::to_string(i + 1), group);
+            readRow(rows[i], static_cast<int>(i + 1), group);
         if (!m_problems.empty())
             throw ToolError(m_options.sheet + " has "
                                 + counted(static_cast<long long>(m_problems.size()), "error", "errors")
-                                + "; nothing was changed.",
+                                + "; nothing was changed. Correct " + (m_problems.size() == 1 ? "it" : "them")
+                                + ", then try again.",
                             m_problems);
         return m_edits;
     }
@@ -129,13 +130,14 @@ private:
         return nullptr;
     }
 
-    void readRow(const CsvRow& row, const std::string& place, int group)
+    void readRow(const CsvRow& row, int number, int group)
     {
+        const std::string place = "row " + std::to_string(number);
         const TitleRow* known = find(row);
         if (!known) {
             const std::string value = row.size() > 1 ? row[0].value_or("") + ' ' + row[1].value_or("") : "too short";
             m_problems.push_back({m_options.sheet + ", " + place, "", "the row's owner", quoted(value),
-                                  "group, item or recipe with a number that the file has"});
+                                  "group, item or recipe with a number that the file has", m_options.sheet, number});
             return;
         }
         TitleRow changed = *known;
@@ -147,7 +149,8 @@ private:
         if (titleBytes(changed.titles) > room)
             m_problems.push_back({m_options.sheet + ", " + place, "", "the row",
                                   std::to_string(titleBytes(changed.titles)) + " bytes in all",
-                                  "at most " + std::to_string(room) + " for all languages together"});
+                                  "at most " + std::to_string(room) + " for all languages together", m_options.sheet,
+                                  number});
         for (int i = 0; i < LANGUAGE_COUNT; ++i) {
             if (changed.titles.at(i) != known->titles.at(i))
                 m_edits.push_back(

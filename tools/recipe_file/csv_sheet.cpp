@@ -134,7 +134,7 @@ public:
         : m_rows(std::move(rows)), m_group(group), m_format(format), m_turned(turned)
     {
         m_input.name = fileName;
-        m_input.rowPlaces.resize(static_cast<std::size_t>(group.items.size()));
+        m_input.itemPlaces.resize(static_cast<std::size_t>(group.items.size()));
     }
 
     Input read()
@@ -146,16 +146,20 @@ public:
     }
 
 private:
-    std::string rowName(std::size_t row) const { return (m_turned ? "column " : "row ") + std::to_string(row + 1); }
-    std::string columnName(std::size_t column) const
+    /// Rows and columns of the sheet as it lies, counted from 1.
+    SheetPlace placeOf(std::size_t row, std::size_t column) const
     {
-        return (m_turned ? "row " : "column ") + std::to_string(column + 1);
+        return m_turned ? SheetPlace{static_cast<int>(column), static_cast<int>(row)}
+                        : SheetPlace{static_cast<int>(row), static_cast<int>(column)};
     }
+    SheetPlace rowPlace(std::size_t row) const { return placeOf(row + 1, 0); }
+    SheetPlace columnPlace(std::size_t column) const { return placeOf(0, column + 1); }
 
-    void problem(const std::string& where, const std::string& field, const std::string& value,
+    void problem(const SheetPlace& where, const std::string& field, const std::string& value,
                  const std::string& expected)
     {
-        m_input.problems.push_back({m_input.name + ", " + where, std::string(), field, value, expected});
+        m_input.problems.push_back({m_input.name + ", " + where.text(), std::string(), field, value, expected,
+                                    m_input.name, where.row, where.column});
     }
 
     void readHeader()
@@ -165,7 +169,7 @@ private:
         const std::size_t width = std::max(m_rows[0].size(), numbered ? m_rows[1].size() : 0);
         for (std::size_t column = 2; column < width; ++column) {
             InputRecipe recipe;
-            recipe.place = columnName(column);
+            recipe.place = columnPlace(column);
             recipe.titles.resize(LANGUAGE_COUNT);
             recipe.cells.resize(static_cast<std::size_t>(m_group.items.size()));
             const std::string name = fieldText(m_rows, 0, column);
@@ -209,8 +213,22 @@ private:
         if (found > 1)
             problem(recipe.place, "the recipe", quoted(name),
                     "a name that one recipe has (a second row with numbers tells them apart)");
+        else if (found == 0)
+            remarkNearName(recipe, name);
         else if (recipe.number && !m_seenRecipes.insert(*recipe.number).second)
             problem(recipe.place, "the recipe", quoted(name), "each recipe once");
+    }
+
+    /// A slip of the pen would add a recipe.
+    void remarkNearName(const InputRecipe& recipe, const std::string& name)
+    {
+        std::vector<std::string> names;
+        for (const QVector<QString>& titles : m_group.columnName)
+            names.push_back(titleText(titles, m_format.language));
+        const std::string hint = didYouMean(name, names);
+        if (!hint.empty())
+            m_input.remarks.push_back(m_input.name + ", " + recipe.place.text() + ": " + quoted(name)
+                                      + " is a new recipe" + hint);
     }
 
     void takeTitle(InputRecipe& recipe, const std::string& name)
@@ -230,12 +248,12 @@ private:
         if (!item)
             return;
         if (!m_seenItems.insert(*item).second) {
-            problem(rowName(row), "the item", std::to_string(*item) + " a second time", "each item once");
+            problem(rowPlace(row), "the item", std::to_string(*item) + " a second time", "each item once");
             return;
         }
-        m_input.rowPlaces[static_cast<std::size_t>(*item)] = rowName(row);
+        m_input.itemPlaces[static_cast<std::size_t>(*item)] = rowPlace(row);
         if (m_rows[row].size() > m_input.recipes.size() + 2)
-            problem(rowName(row), "the number of fields", std::to_string(m_rows[row].size()),
+            problem(rowPlace(row), "the number of fields", std::to_string(m_rows[row].size()),
                     "at most " + std::to_string(m_input.recipes.size() + 2) + " as in the first row");
         for (std::size_t i = 0; i < m_input.recipes.size(); ++i)
             readCell(row, i + 2, *item, m_input.recipes[i]);
@@ -255,17 +273,17 @@ private:
             const auto found = std::find(names.begin(), names.end(), name);
             if (found != names.end() && std::count(names.begin(), names.end(), name) == 1)
                 return static_cast<int>(found - names.begin());
-            m_input.unknown.push_back(rowName(row) + ": " + quoted(name) + didYouMean(name, names));
+            m_input.unknown.push_back(rowPlace(row).text() + ": " + quoted(name) + didYouMean(name, names));
             return std::nullopt;
         }
         const std::optional<int> item = wholeNumber(number);
         if (!item || *item >= m_group.items.size()) {
-            m_input.unknown.push_back(rowName(row) + ": item " + number + ' ' + quoted(name));
+            m_input.unknown.push_back(rowPlace(row).text() + ": item " + number + ' ' + quoted(name));
             return std::nullopt;
         }
         const std::string& expected = names[static_cast<std::size_t>(*item)];
         if (!name.empty() && name != expected) {
-            problem(rowName(row), "the name of item " + number, quoted(name),
+            problem(rowPlace(row), "the name of item " + number, quoted(name),
                     quoted(expected) + " (rows may have slipped; titles are changed with titles import)");
             return std::nullopt;
         }
@@ -292,7 +310,7 @@ private:
         if (number)
             cell = InputCell::given(*number);
         else
-            problem(rowName(row) + ", " + recipe.place, "the value", quoted(text),
+            problem(rowPlace(row).with(recipe.place), "the value", quoted(text),
                     std::string("a number with \"") + m_format.decimalMark + "\" as its decimal mark (see --decimal)");
     }
 

@@ -49,6 +49,12 @@ Statement& Statement::bind(int parameter, std::string_view text)
     return *this;
 }
 
+Statement& Statement::bind(int parameter, const Statement& row, int column)
+{
+    sqlite3_bind_value(m_statement, parameter, sqlite3_column_value(row.m_statement, column));
+    return *this;
+}
+
 bool Statement::step()
 {
     const int code = sqlite3_step(m_statement);

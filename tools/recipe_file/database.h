@@ -27,7 +27,8 @@ public:
 
     Statement& bind(int parameter, std::int64_t value); ///< parameters count from 1
     Statement& bind(int parameter, std::string_view text);
-    bool step(); ///< whether a row is there
+    Statement& bind(int parameter, const Statement& row, int column); ///< a value of its current row, as it is
+    bool step();                                                      ///< whether a row is there
     void reset();
 
     int columnCount() const;

@@ -4,16 +4,6 @@
 
 namespace {
 
-/// Why nothing changes.
-std::string reason(const ChangeSet& changes)
-{
-    if (!changes.unknown.empty() && changes.unchanged == 0)
-        return "Nothing changes: no item of the input is known here.";
-    if (changes.unchanged == 0)
-        return "Nothing changes: the input says nothing about this group.";
-    return "Nothing changes: all values are already as in the input.";
-}
-
 void reportJson(const EditSession& session, const recipeTableInfo_t& group, const ChangeSet& changes,
                 const EditEnd& end, const std::string& backup)
 {
@@ -25,10 +15,21 @@ void reportJson(const EditSession& session, const recipeTableInfo_t& group, cons
 
 } // namespace
 
+std::string whyNothing(const ChangeSet& changes)
+{
+    if (!changes.unknown.empty() && changes.unchanged == 0)
+        return "Nothing changes: no item of the input is known here.";
+    if (changes.unchanged == 0)
+        return "Nothing changes: the input says nothing about this group.";
+    return "Nothing changes: all values are already as in the input.";
+}
+
 void reportRemarks(const ChangeSet& changes)
 {
     for (const std::string& warning : changes.warnings)
         say("warning: " + warning);
+    for (const std::string& remark : changes.remarks)
+        say("note: " + remark);
     for (const std::string& item : changes.unknown)
         say("unknown item: " + item);
 }
@@ -50,7 +51,7 @@ int finishEdit(EditSession& session, const recipeTableInfo_t& group, const Chang
     if (end.dryRun)
         printData(describe(group, changes));
     if (changes.empty())
-        say(reason(changes));
+        say(whyNothing(changes));
     say(groupLabel(group) + ": " + summary(changes) + (end.dryRun ? " Nothing was written." : ""));
     if (!backup.empty())
         say("The file as it was: " + backup);

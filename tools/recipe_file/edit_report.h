@@ -14,6 +14,9 @@ struct EditEnd
 
 int finishEdit(EditSession& session, const recipeTableInfo_t& group, const ChangeSet& changes, const EditEnd& end);
 
+/// Of an empty set of changes.
+std::string whyNothing(const ChangeSet& changes);
+
 /// Warnings and unknown items, to standard error.
 void reportRemarks(const ChangeSet& changes);
 

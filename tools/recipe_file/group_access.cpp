@@ -127,6 +127,23 @@ std::string rowQuery(const recipeTableInfo_t& group, int first, int count)
     return sql + " FROM " + tableName("data_", group.groupIndex) + " ORDER BY rowid";
 }
 
+/// In all languages; none where the group's table is missing.
+std::vector<std::string> groupTitles(Database& database, int group)
+{
+    std::vector<std::string> titles;
+    if (!database.hasTable(tableName("lang_", group)))
+        return titles;
+    Statement row(database,
+                  "SELECT L0, L1, L2, L3, L4, L5, L6, L7 FROM " + tableName("lang_", group) + " WHERE type = 0");
+    while (row.step()) {
+        for (int i = 0; i < LANGUAGE_COUNT; ++i) {
+            if (!row.isNull(i))
+                titles.push_back(row.text(i));
+        }
+    }
+    return titles;
+}
+
 } // namespace
 
 std::string tableName(const char* kind, int group)
@@ -187,12 +204,19 @@ int chooseGroup(Database& database, const std::string& wanted)
         if (wanted == std::to_string(number))
             return number;
     }
+    std::vector<int> found;
     std::vector<std::string> known;
-    for (const GroupSurvey& group : surveyFile(database, 1)) {
-        if (group.name == wanted)
-            return static_cast<int>(group.index);
-        known.push_back(group.name);
+    for (const int number : numbers) {
+        const std::vector<std::string> titles = groupTitles(database, number);
+        if (std::find(titles.begin(), titles.end(), wanted) != titles.end())
+            found.push_back(number);
+        known.insert(known.end(), titles.begin(), titles.end());
     }
+    if (found.size() == 1)
+        return found.front();
+    if (!found.empty())
+        throw ToolError("Several groups of " + database.path() + " are called " + quoted(wanted) + "; give the number ("
+                        + list + ").");
     const std::string hint = didYouMean(wanted, known);
     throw ToolError("There is no group " + quoted(wanted) + " in " + database.path()
                     + (hint.empty() ? " (groups: " + list + ")." : hint));

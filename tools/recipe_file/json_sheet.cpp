@@ -103,7 +103,7 @@ private:
         if (!object.isObject())
             return;
         InputRecipe recipe;
-        recipe.place = path;
+        recipe.path = path;
         recipe.titles = inputTitles(object);
         if (number < m_group.columnName.size())
             recipe.number = number;
@@ -157,6 +157,22 @@ void writeJsonSheet(Database& database, const recipeTableInfo_t& group,
         sink(indented(recipe, 8) + (number + 1 < group.columnName.size() ? ",\n" : "\n"));
     }
     sink("      ]\n    }\n  ]\n}\n");
+}
+
+std::vector<int> jsonGroups(const std::string& text, const std::string& fileName)
+{
+    std::vector<Problem> ignored; // reading the group tells them
+    const Json root = parseJson(text, fileName, ignored);
+    std::vector<int> numbers;
+    if (!root.is_object() || !root.contains("groups") || !root["groups"].is_array())
+        return numbers;
+    for (std::size_t i = 0; i < root["groups"].size(); ++i) {
+        const Json& group = root["groups"][i];
+        const Json index = group.is_object() ? group.value("index", Json(i)) : Json();
+        if (index.is_number_integer())
+            numbers.push_back(index.get<int>());
+    }
+    return numbers;
 }
 
 Input readJsonSheet(const std::string& text, const std::string& fileName, const recipeTableInfo_t& group)

@@ -14,4 +14,7 @@ void writeJsonSheet(Database& database, const recipeTableInfo_t& group,
 /// What a JSON export or description says about the group: recipes by place, those beyond the last are new.
 Input readJsonSheet(const std::string& text, const std::string& fileName, const recipeTableInfo_t& group);
 
+/// The numbers of the groups that a JSON export or description holds.
+std::vector<int> jsonGroups(const std::string& text, const std::string& fileName);
+
 #endif

@@ -17,11 +17,14 @@ enum ExitCode
 /// One fault of an input, with its place.
 struct Problem
 {
-    std::string path;     ///< where in the input: "groups[0].items[3].min", or "row 4, column 2"
-    std::string place;    ///< in the user's words: "group 0 "Bakery", item 3 "Salt""; may be empty
-    std::string field;    ///< what is wrong: "min"
-    std::string value;    ///< what stands there, as it is written; "missing" where nothing does
-    std::string expected; ///< what belongs there
+    std::string path;      ///< where in the input: "groups[0].items[3].min", or "row 4, column 2"
+    std::string place;     ///< in the user's words: "group 0 "Bakery", item 3 "Salt""; may be empty
+    std::string field;     ///< what is wrong: "min"
+    std::string value;     ///< what stands there, as it is written; "missing" where nothing does
+    std::string expected;  ///< what belongs there
+    std::string file = {}; ///< the sheet; row and column of it count from 1, 0: none
+    int row = 0;
+    int column = 0;
 
     /// One sentence.
     std::string text() const;
