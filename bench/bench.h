@@ -14,6 +14,7 @@ struct BenchOptions
     std::vector<GroupSize> sizes;
     bool quick;
     std::string memoryProgram; ///< the program that measures memory, beside this one
+    std::string toolProgram;   ///< recipe-file, beside this one
 };
 
 /// The recipe file of the panel: the one of the size that was used last.
@@ -30,5 +31,6 @@ void addStorageRows(const BenchOptions& options);
 void addPaintingRows(const BenchOptions& options);
 void addOperatingRows(const BenchOptions& options);
 void addMemoryRows(const BenchOptions& options);
+void addToolRows(const BenchOptions& options);
 
 #endif

@@ -99,6 +99,7 @@ int main(int argc, char** argv)
         options.sizes.insert(options.sizes.end(), {SIZE_L, SIZE_XL});
     options.memoryProgram =
         (QApplication::applicationDirPath() + QString::fromLatin1("/recipe_bench_memory")).toStdString();
+    options.toolProgram = (QApplication::applicationDirPath() + QString::fromLatin1("/recipe-file")).toStdString();
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv) || !canWrite())
@@ -108,6 +109,7 @@ int main(int argc, char** argv)
     addPaintingRows(options);
     addOperatingRows(options);
     addMemoryRows(options);
+    addToolRows(options);
     benchmark::RunSpecifiedBenchmarks();
     printTable();
     return 0;

@@ -1,5 +1,6 @@
 #include "change_set.h"
 
+#include "console.h"
 #include "recipe_limits.h"
 #include "text_table.h"
 
@@ -33,6 +34,7 @@ public:
     {
         const InputCell& cell = recipe.cells[static_cast<std::size_t>(item)];
         const bool nothingSaid = cell.kind == InputCell::Absent;
+        m_result.said += nothingSaid ? 0 : 1;
         const bool stillEmpty = cell.kind == InputCell::Missing && (!before || before->empty());
         if (nothingSaid || stillEmpty || (cell.kind == InputCell::Given && before && *before == cell.text)) {
             ++m_result.unchanged;
@@ -127,18 +129,28 @@ private:
     ChangeSet& m_result;
 };
 
+/// The row numbers of the recipes: a search by recipe number reads the whole table each time.
+std::map<int, std::int64_t> rowsOfRecipes(Database& database, int group)
+{
+    std::map<int, std::int64_t> rows;
+    Statement row(database, "SELECT column, rowid FROM " + tableName("data_", group));
+    while (row.step())
+        rows[static_cast<int>(row.integer(0))] = row.integer(1);
+    return rows;
+}
+
 /// One UPDATE per changed recipe.
-void updateRecipe(Database& database, int group, std::vector<CellChange>::const_iterator begin,
+void updateRecipe(Database& database, int group, std::int64_t rowid, std::vector<CellChange>::const_iterator begin,
                   std::vector<CellChange>::const_iterator end)
 {
     std::string sql = "UPDATE " + tableName("data_", group) + " SET ";
     for (auto change = begin; change != end; ++change)
         sql += (change == begin ? "D" : ", D") + std::to_string(change->item) + " = ?";
-    Statement statement(database, sql + " WHERE column = ?");
+    Statement statement(database, sql + " WHERE rowid = ?");
     int parameter = 1;
     for (auto change = begin; change != end; ++change)
         statement.bind(parameter++, *change->after);
-    statement.bind(parameter, begin->recipe).step();
+    statement.bind(parameter, rowid).step();
 }
 
 void updateTitle(Database& database, int group, const TitleChange& change)
@@ -238,7 +250,9 @@ ChangeSet compare(Database& database, const recipeTableInfo_t& group, const Inpu
             known[*recipe.number] = &recipe;
     }
     RecipeRows rows(database, group, 0, static_cast<int>(group.items.size()));
+    Progress progress("recipes compared", group.columnName.size());
     for (int number = 0; rows.next(); ++number) {
+        progress.reach(number);
         const auto found = known.find(number);
         if (found == known.end()) {
             result.onlyInFile.push_back(number);
@@ -265,7 +279,9 @@ ChangeSet compareGroups(Database& database, const recipeTableInfo_t& group, Data
         result.unknown.push_back(itemLabel(other, i));
     RecipeRows before(database, group, 0, static_cast<int>(group.items.size()));
     RecipeRows after(otherFile, other, 0, static_cast<int>(other.items.size()));
+    Progress progress("recipes compared", other.columnName.size());
     for (int recipe = 0; after.next(); ++recipe) {
+        progress.reach(recipe);
         if (recipe < group.columnName.size() && before.next()) {
             compareRows(result, recipe, before, after, common);
             compareTitles(result, recipe, group.columnName.at(recipe), other.columnName.at(recipe));
@@ -284,10 +300,15 @@ ChangeSet compareGroups(Database& database, const recipeTableInfo_t& group, Data
 
 void apply(Database& database, const recipeTableInfo_t& group, const ChangeSet& changes)
 {
+    std::map<int, std::int64_t> rows;
+    if (!changes.cells.empty())
+        rows = rowsOfRecipes(database, group.groupIndex);
+    Progress progress("recipes written", group.columnName.size());
     for (auto begin = changes.cells.begin(); begin != changes.cells.end();) {
         const auto end = std::find_if(begin, changes.cells.end(),
                                       [begin](const CellChange& change) { return change.recipe != begin->recipe; });
-        updateRecipe(database, group.groupIndex, begin, end);
+        progress.reach(begin->recipe);
+        updateRecipe(database, group.groupIndex, rows.at(begin->recipe), begin, end);
         begin = end;
     }
     for (const TitleChange& change : changes.titles)

@@ -96,6 +96,7 @@ struct ChangeSet
     std::vector<std::string> warnings; ///< values outside limits, where that is allowed
     std::vector<Problem> problems;
     long long unchanged = 0; ///< cells
+    long long said = 0;      ///< cells that the input speaks of
 
     bool empty() const { return cells.empty() && titles.empty() && recipes.empty(); }
 };

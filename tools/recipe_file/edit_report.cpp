@@ -17,7 +17,7 @@ void reportJson(const EditSession& session, const recipeTableInfo_t& group, cons
 
 std::string whyNothing(const ChangeSet& changes)
 {
-    if (!changes.unknown.empty() && changes.unchanged == 0)
+    if (!changes.unknown.empty() && changes.said == 0)
         return "Nothing changes: no item of the input is known here.";
     if (changes.unchanged == 0)
         return "Nothing changes: the input says nothing about this group.";
