@@ -382,3 +382,16 @@ TEST_F(Sheet, AsJsonOfSeveralGroupsAsksWhichIsMeant)
               "recipe-file: There is no group \"9\" in r.db3 (groups: 2).\n");
     EXPECT_EQ(files(), (Words{"one.json", "others.json", "r.db3", "two.json"}));
 }
+
+TEST_F(Sheet, AsATableIsWhatShowShows)
+{
+    sql("r.db3", "UPDATE data_2 SET D0 = NULL WHERE column = 2;");
+    for (const char* language : {"1", "5"}) {
+        const std::string table = run({"export", "--format", "table", "--language", language, "r.db3"}).out;
+        EXPECT_EQ(table, run({"show", "--language", language, "r.db3"}).out);
+        EXPECT_NE(table.find("(missing)"), std::string::npos);
+    }
+    ASSERT_EQ(run({"create", bakery(), "b.db3"}).code, 0);
+    EXPECT_EQ(run({"export", "--format", "table", "--language", "8", "b.db3"}).out,
+              run({"show", "--language", "8", "b.db3"}).out);
+}

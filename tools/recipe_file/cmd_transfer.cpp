@@ -62,10 +62,7 @@ void writeSheet(Database& database, const recipeTableInfo_t& group, const Option
     if (format == "json") {
         writeJsonSheet(database, group, sink);
     } else if (format == "table") {
-        std::vector<int> all;
-        for (int i = 0; i < group.columnName.size(); ++i)
-            all.push_back(i);
-        sink(SheetTable(database, group, all).text(options.language));
+        writeTableSheet(database, group, options.language, sink);
     } else {
         writeCsvSheet(database, group, options.sheetFormat(), sink);
     }
@@ -225,6 +222,8 @@ int diffFiles(const Options& options, bool json)
         printData(difference.text);
         for (const std::string& line : difference.summaries)
             say(line);
+        if (!difference.different)
+            say("No difference: both files hold the same.");
     }
     return difference.different ? EXIT_DIFFERENT : EXIT_DONE;
 }

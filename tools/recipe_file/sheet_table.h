@@ -5,6 +5,8 @@
 #include "group_access.h"
 #include "json_document.h"
 
+#include <functional>
+
 class SheetTable
 {
 public:
@@ -19,5 +21,9 @@ private:
     std::vector<int> m_recipes;
     std::vector<std::vector<Cell>> m_cells; ///< per recipe of m_recipes
 };
+
+/// The same text for all recipes of a group, in pieces: memory grows with titles, not with values.
+void writeTableSheet(Database& database, const recipeTableInfo_t& group, int language,
+                     const std::function<void(const std::string&)>& sink);
 
 #endif

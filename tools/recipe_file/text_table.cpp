@@ -22,6 +22,8 @@ bool takesNoPlace(uint ucs4)
     return category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing || category == QChar::Other_Format;
 }
 
+} // namespace
+
 std::string oneLine(const std::string& text)
 {
     std::string result;
@@ -38,7 +40,12 @@ std::string oneLine(const std::string& text)
     return result;
 }
 
-} // namespace
+std::string aligned(const std::string& text, std::size_t width, bool right)
+{
+    const std::size_t own = displayWidth(text);
+    const std::string padding(width > own ? width - own : 0, ' ');
+    return right ? padding + text : text + padding;
+}
 
 std::size_t displayWidth(const std::string& text)
 {
@@ -69,9 +76,7 @@ std::string TextTable::text() const
     const auto addLine = [&](std::string& out, const std::vector<std::string>& row) {
         std::string line;
         for (std::size_t i = 0; i < row.size() && i < widths.size(); ++i) {
-            const std::string padding(widths[i] - displayWidth(row[i]), ' ');
-            const bool right = i < m_right.size() && m_right[i];
-            line += (i > 0 ? "  " : "") + (right ? padding + row[i] : row[i] + padding);
+            line += (i > 0 ? "  " : "") + aligned(row[i], widths[i], i < m_right.size() && m_right[i]);
         }
         line.erase(line.find_last_not_of(' ') + 1);
         out += line + '\n';

@@ -5,6 +5,12 @@
 #include <string>
 #include <vector>
 
+/// Line breaks and tabs as "\n", "\r", "\t".
+std::string oneLine(const std::string& text);
+
+/// Filled up to `width` places.
+std::string aligned(const std::string& text, std::size_t width, bool right);
+
 class TextTable
 {
 public:
