@@ -12,7 +12,7 @@
 
 namespace {
 
-/// "csv json table" of an option that takes one of these; else nothing.
+/// "csv json table" of an option that takes one of these words; else nothing. Marks like ";" are not for completion.
 std::string choicesOf(const CLI::Option* option)
 {
     const std::string type = option->get_type_name(); // "TEXT:{csv,json,table}"
@@ -21,8 +21,10 @@ std::string choicesOf(const CLI::Option* option)
     if (begin == std::string::npos || end == std::string::npos)
         return std::string();
     std::string choices = type.substr(begin + 1, end - begin - 1);
-    if (choices.rfind(",,", 0) == 0) // the comma itself
-        choices = choices.substr(2);
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    if (!std::all_of(choices.begin(), choices.end(), [&](char c) { return c == ',' || isLetter(c); })
+        || !isLetter(choices.front()))
+        return std::string();
     std::replace(choices.begin(), choices.end(), ',', ' ');
     return choices;
 }

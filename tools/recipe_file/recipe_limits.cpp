@@ -75,7 +75,9 @@ CheckedValue checkNumber(const recipeItemInfo_t& item, const QString& given)
                                      : "at most " + counted(decimals, "decimal", "decimals"));
     if (shownDigits(text) > item.totalDigits)
         return refused("at most " + counted(item.totalDigits, "digit", "digits")
-                       + (decimals > 0 ? ", " + std::to_string(decimals) + " of them behind the point" : ""));
+                       + (decimals > 0 && decimals <= item.totalDigits
+                              ? ", " + std::to_string(decimals) + " of them behind the point"
+                              : ""));
     if (value < item.min || value > item.max)
         return {text, limitText(item.min, decimals) + " to " + limitText(item.max, decimals), true};
     return {text, std::string(), false};
