@@ -104,6 +104,8 @@ Outcome ProgramTest::start(const std::string& program, const Words& arguments, c
 
 QString ProgramTest::path(const std::string& name) const
 {
+    if (!name.empty() && name.front() == '/')
+        return QString::fromStdString(name);
     return m_folder.filePath(QString::fromStdString(name));
 }
 

@@ -35,7 +35,7 @@ protected:
     /// A piece of bash.
     Outcome runShell(const std::string& script);
 
-    QString path(const std::string& name) const;
+    QString path(const std::string& name) const; ///< in the folder, unless it is absolute
     void write(const std::string& name, const std::string& text);
     std::string read(const std::string& name) const;
     bool exists(const std::string& name) const;
