@@ -244,6 +244,95 @@ TEST_F(RangeLoader, GivesOnlyTheRecipesThatExistBehindTheStart)
     }
 }
 
+TEST_F(RangeLoader, GivesEveryValueOfTheRangeAlsoOfRecipesThatTheConfigurationDoesNotCount)
+{
+    open(recipeGroup(2, 4));
+    OutsideSqlite(recipeFilePath()).exec("UPDATE recipe_config SET column = 2;");
+    ASSERT_EQ(loadRecipe2Struct_start_end(0, 1, 3, info, &comm), 1);
+    ASSERT_EQ(info.columnName.size(), 1);
+    EXPECT_EQ(info.columnName.at(0).at(0), recipeTitle(1, 0));
+    ASSERT_EQ(info.items.at(0).values.size(), 3);
+    EXPECT_EQ(info.items.at(0).values.at(2), cellValue(3, 0));
+}
+
+/// A recipe's number decides whether it is in the range, its place in the file where its values stand in the list.
+TEST_F(RangeLoader, AppendsValuesInTheOrderOfTheFile)
+{
+    open(recipeGroup(1, 4));
+    OutsideSqlite(recipeFilePath()).exec("UPDATE data_0 SET column = 3 - column;");
+    ASSERT_EQ(loadRecipe2Struct_start_end(0, 1, 2, info, &comm), 1);
+    ASSERT_EQ(info.items.at(0).values.size(), 2);
+    EXPECT_EQ(info.items.at(0).values.at(0), cellValue(1, 0)) << "number 2 now";
+    EXPECT_EQ(info.items.at(0).values.at(1), cellValue(2, 0)) << "number 1 now";
+    EXPECT_EQ(info.columnName.at(0).at(0), recipeTitle(1, 0)) << "titles go by number";
+}
+
+TEST_F(RangeLoader, CountsRecipesInFrontOfTheFirstAsRecipesWithoutTitle)
+{
+    open(recipeGroup(1, 4));
+    ASSERT_EQ(loadRecipe2Struct_start_end(0, -1, 3, info, &comm), 1);
+    ASSERT_EQ(info.columnName.size(), 3);
+    EXPECT_EQ(info.columnName.at(0), emptyTitles());
+    EXPECT_EQ(info.columnName.at(2).at(1), recipeTitle(1, 1));
+    EXPECT_EQ(info.items.at(0).values.size(), 2);
+}
+
+TEST_F(RangeLoader, LoadsTheItemsOfAGroupWithoutConfiguration)
+{
+    open(recipeGroup(3, 2));
+    OutsideSqlite(recipeFilePath()).exec("DELETE FROM recipe_config;");
+    ASSERT_EQ(loadRecipe2Struct_start_end(0, 0, 1, info, &comm), 1);
+    EXPECT_EQ(info.groupIndex, -1);
+    EXPECT_TRUE(info.columnName.isEmpty());
+    EXPECT_EQ(info.items.size(), 3);
+    EXPECT_EQ(info.items.at(2).values.value(0), cellValue(0, 2));
+}
+
+/// The link of the notification address is left to the runtime.
+TEST_F(RangeLoader, GivesTheNotificationAddressAsItStandsInTheFile)
+{
+    recipeTableInfo_t group = recipeGroup(1, 1);
+    group.notify = 1;
+    group.setNotifyAddress(QString::fromLatin1("up,3,7,M,10,5"));
+    open(group);
+    comm.links.insert(QString::fromLatin1("up"), link(0, 0, 42));
+    ASSERT_EQ(loadRecipe2Struct_start_end(0, 0, 1, info, &comm), 1);
+    EXPECT_EQ(info.notify, 1);
+    EXPECT_EQ(info.notifyAddressText(), QString::fromLatin1("up,3,7,M,10,5"));
+    EXPECT_EQ(comm.asked.join(QLatin1String(" ")), QString::fromLatin1("Internal storage area"));
+}
+
+TEST_F(RangeLoader, ReadsMissingAndForeignValuesAsZeroAndTextsAsTheyStand)
+{
+    open(Group(1).add(0, "1").add(6, "1", 2).add(1, "1", 1).add(7, "x").add(7, "x").record);
+    OutsideSqlite(recipeFilePath())
+        .exec("UPDATE data_0 SET D0 = NULL, D1 = 'abc', D2 = '1,5', D3 = NULL, D4 = '\xc3\xa4 1.5';");
+    ASSERT_EQ(loadRecipe2Struct_start_end(0, 0, 1, info, &comm), 1);
+    const char* const expected[] = {"0", "0.00", "0.0", "", "\xc3\xa4 1.5"};
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(info.items.at(i).values.value(0), QString::fromUtf8(expected[i])) << "item " << i;
+}
+
+/// Asks the recipe file in the middle of the loader's question, as a runtime may.
+class CuriousLinkTable : public LinkTable
+{
+public:
+    LinkValue linkValue(const QString& deviceName) override
+    {
+        rows = RecipeDB::getInstance()->getTable_Addr_Row(0);
+        return LinkTable::linkValue(deviceName);
+    }
+    int rows = -1;
+};
+
+TEST_F(RangeLoader, HoldsNoLockWhileItAsksForALink)
+{
+    open(recipeGroup(2, 1));
+    CuriousLinkTable curious;
+    EXPECT_EQ(loadRecipe2Struct_start_end(0, 0, 1, info, &curious), 1); // would never return
+    EXPECT_EQ(curious.rows, 2);
+}
+
 TEST_F(RangeLoader, FormatsByTypeAndDigits)
 {
     struct Row
