@@ -1,7 +1,9 @@
 // Sending recipes.
 #include "recipe_transfer.h"
 
+#include <QHash>
 #include <QJsonArray>
+#include <QPair>
 
 namespace {
 
@@ -71,14 +73,16 @@ bool RecipeTransfer::prepare(const PluginLibrary* library)
         return false;
     if (!library)
         return fail("no-loader", tr("No plug-in that is loaded can load recipes."));
-    return load(*library) && encode();
+    return load(*library) && encode() && fitsTogether();
 }
 
 bool RecipeTransfer::findSelection()
 {
     const QString words = text("LW");
-    if (!m_registers.isWritten(words, GROUP_REGISTER) || !m_registers.isWritten(words, RECIPE_REGISTER))
+    if (!m_registers.isWritten(words, RECIPE_REGISTER))
         return fail("nothing-selected", tr("No recipe is selected."));
+    if (!m_registers.isWritten(words, GROUP_REGISTER)) // others than a sheet may select, and a sheet marks it then
+        return fail("no-group", tr("It is not known of which group the recipe is; tap the recipe."));
     m_group = m_registers.word(words, GROUP_REGISTER);
     m_recipe = m_registers.word(words, RECIPE_REGISTER);
     return true;
@@ -201,6 +205,30 @@ bool RecipeTransfer::addWrite(Value value, const QString& device, const recipeRe
     for (int i = 0; i < value.write.words.size(); ++i)
         value.before.append(static_cast<quint16>(m_registers.word(type, value.write.address + i)));
     m_values.append(value);
+    return true;
+}
+
+/// A recipe is not whole where one value takes away what another has written. Equal words do no harm.
+bool RecipeTransfer::fitsTogether()
+{
+    QHash<QPair<QString, int>, int> owners; // of each register the first value that writes it
+    for (int i = 0; i < m_values.size(); ++i) {
+        const RegisterWrite& write = m_values.at(i).write;
+        const QString type = m_registers.typeOf(write.deviceName, write.registerType);
+        for (int w = 0; w < write.words.size(); ++w) {
+            const int address = write.address + w;
+            const auto known = owners.constFind({type, address});
+            if (known == owners.constEnd()) {
+                owners.insert({type, address}, i);
+                continue;
+            }
+            const Value& first = m_values.at(known.value());
+            if (first.write.words.at(address - first.write.address) != write.words.at(w))
+                return fail("shared-register",
+                            tr("%1 and %2 share the register %3 %4.")
+                                .arg(first.name, m_values.at(i).name, type, QString::number(address)));
+        }
+    }
     return true;
 }
 

@@ -59,6 +59,7 @@ private:
     bool failToEncode(RegisterImage::Result result, const QString& name, const RegisterValue& value);
     bool addWrites(const RegisterImage& image);
     bool addWrite(Value value, const QString& device, const recipeRegAddr_t& place, const QString& number);
+    bool fitsTogether();
     QString nameOf(const recipeItemInfo_t& item) const;
 
     RegisterBank& m_registers;

@@ -118,6 +118,10 @@
         <translation>Es ist kein Rezept gewählt.</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>Es ist nicht bekannt, zu welcher Gruppe das Rezept gehört; bitte das Rezept antippen.</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>Die Gruppe %1 kann nicht aus der Rezeptdatei gelesen werden.</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1: „%2“ hat kein Register %3 %4.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 und %2 belegen dasselbe Register %3 %4.</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>

@@ -118,6 +118,10 @@
         <translation>No hay ninguna receta seleccionada.</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>No se sabe a qué grupo pertenece la receta; toque la receta.</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>No se puede leer el grupo %1 del archivo de recetas.</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1: «%2» no tiene el registro %3 %4.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 y %2 comparten el registro %3 %4.</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>

@@ -118,6 +118,10 @@
         <translation>Aucune recette n&apos;est sélectionnée.</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>Le groupe de la recette n&apos;est pas connu ; touchez la recette.</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>Le groupe %1 ne peut pas être lu dans le fichier de recettes.</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1 : « %2 » n&apos;a pas de registre %3 %4.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 et %2 partagent le registre %3 %4.</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>

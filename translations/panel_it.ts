@@ -118,6 +118,10 @@
         <translation>Nessuna ricetta selezionata.</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>Non è noto a quale gruppo appartenga la ricetta; toccare la ricetta.</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>Impossibile leggere il gruppo %1 dal file delle ricette.</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1: «%2» non ha il registro %3 %4.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 e %2 condividono il registro %3 %4.</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>

@@ -118,6 +118,10 @@
         <translation>レシピが選択されていません。</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>レシピのグループが分かりません。レシピをタッチしてください。</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>レシピファイルからグループ %1 を読み込めません。</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1：「%2」にレジスタ %3 %4 はありません。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 と %2 が同じレジスタ %3 %4 を使っています。</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>

@@ -118,6 +118,10 @@
         <translation>Рецепт не выбран.</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>Неизвестно, к какой группе относится рецепт; коснитесь рецепта.</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>Группу %1 не удаётся прочитать из файла рецептов.</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1: у «%2» нет регистра %3 %4.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 и %2 используют один и тот же регистр %3 %4.</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>

@@ -118,6 +118,10 @@
         <translation>没有选择配方。</translation>
     </message>
     <message>
+        <source>It is not known of which group the recipe is; tap the recipe.</source>
+        <translation>不知道配方属于哪个组；请点击该配方。</translation>
+    </message>
+    <message>
         <source>Group %1 cannot be read from the recipe file.</source>
         <translation>无法从配方文件读取组 %1。</translation>
     </message>
@@ -188,6 +192,10 @@
     <message>
         <source>%1: &quot;%2&quot; has no register %3 %4.</source>
         <translation>%1：“%2”没有寄存器 %3 %4。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 share the register %3 %4.</source>
+        <translation>%1 和 %2 共用寄存器 %3 %4。</translation>
     </message>
     <message>
         <source>The controller does not answer.</source>
