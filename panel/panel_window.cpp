@@ -54,13 +54,27 @@ QComboBox* PanelWindow::languageChoice()
                                         "\xd0\xa0\xd1\x83\xd1\x81\xd1\x81\xd0\xba\xd0\xb8\xd0\xb9",
                                         "\xe4\xb8\xad\xe6\x96\x87",
                                         "\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e"};
-    QComboBox* choice = new QComboBox(this);
+    m_language = new QComboBox(this);
     for (const char* name : NAMES)
-        choice->addItem(QString::fromUtf8(name));
-    choice->setCurrentIndex(m_translations.language() - 1);
-    connect(choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+        m_language->addItem(QString::fromUtf8(name));
+    showLanguage();
+    connect(m_language, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this](int index) { useLanguage(index + 1); });
-    return choice;
+    return m_language;
+}
+
+void PanelWindow::showLanguage()
+{
+    const QSignalBlocker quiet(m_language);
+    m_language->setCurrentIndex(m_translations.language() - 1);
+}
+
+/// A script may have chosen another language.
+void PanelWindow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        showLanguage();
+    QMainWindow::changeEvent(event);
 }
 
 /// Texts change at once; fonts and colours of items are those of their start.

@@ -19,14 +19,17 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override; // not while a job runs
+    void changeEvent(QEvent* event) override;
 
 private:
     QComboBox* languageChoice();
     void useLanguage(int language);
+    void showLanguage();
 
     PanelScreen& m_screen;
     PanelSession& m_session;
     Translations& m_translations;
+    QComboBox* m_language = nullptr;
 };
 
 #endif

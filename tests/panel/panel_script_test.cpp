@@ -3,6 +3,7 @@
 #include "recipe_fixtures.h"
 
 #include <QDir>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -202,6 +203,19 @@ TEST_F(PanelScripts, LogAndDumpWhatWasSentWithOldAndNewWords)
     EXPECT_GE(read("log").indexOf(lastWord), 0);
     EXPECT_GT(read("log").indexOf(notified), read("log").indexOf(lastWord)) << "the controller must find all of it";
     EXPECT_TRUE(read("log").contains(line)) << line.toStdString() << "\nis not in\n" << read("log").toStdString();
+}
+
+/// The choice beside the glass, too, follows the language that a script uses.
+TEST_F(PanelScripts, ShowTheSameWindowInALanguageHoweverItWasChosen)
+{
+    writeRecipeFile(recipeGroup(12, 8));
+    play("screenshot window \"project.png\"", {latin("--window"), latin("--language"), latin("2")});
+    play("language 2\nscreenshot window \"script.png\"", {latin("--window")});
+    play("language 2\nlanguage 1\nscreenshot window \"back.png\"", {latin("--window")});
+    const QImage german(file("project.png"));
+    ASSERT_FALSE(german.isNull());
+    EXPECT_EQ(QImage(file("script.png")), german);
+    EXPECT_NE(QImage(file("back.png")), german);
 }
 
 // --- what the player says ----------------------------------------------------------------------------------------
