@@ -35,7 +35,7 @@ public:
     /// The exit code of a process that runs one check: what `runAlone` returns.
     static constexpr int PASSED = 0;
     static constexpr int FAILED = 10; ///< not a number that sanitizers or shells use
-    /// In the process of the check: runs it and prints why it failed on standard output.
+    /// In the process of the check: runs it and prints as its last line that it passed or why it failed.
     static int runAlone(const ValidationCheck& check, const ValidationSettings& settings);
 
 private:

@@ -272,6 +272,8 @@ TEST_F(Inspection, FindsEachBreachOfTheContract)
     EXPECT_EQ(only("wants_properties", "no-properties").substr(0, 20), "crashed with SIGSEGV");
     EXPECT_EQ(only("name_changes", "names").substr(0, 25), "getItemName() gives \"Naug");
     EXPECT_EQ(only("leaves_the_process", "calling-order"), "ended the process with code 3");
+    EXPECT_EQ(only("leaves_in_order", "calling-order"), "ended the process with code 0");
+    EXPECT_EQ(only("leaves_like_a_failed_check", "calling-order"), "ended the process with code 10");
     const auto half =
         failures({testPlugin("half"), latin("--seconds"), latin("1")}); // a check may do no harm to others
     EXPECT_EQ(half.size(), 10u);

@@ -5,6 +5,8 @@
 #include <QPainter>
 
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 
 #define SAME_ITEM 1
 #define OTHER_NAME 2
@@ -14,8 +16,22 @@
 #define HANGS_WHEN_TOLD 6
 #define NAME_CHANGES 7
 #define LEAVES_THE_PROCESS 8
+#define LEAVES_IN_ORDER 9
+#define LEAVES_LIKE_A_FAILED_CHECK 10
 
 namespace {
+
+/// Has the last word on standard output.
+struct Farewell
+{
+    ~Farewell()
+    {
+        if (FAULT == OTHER_NAME)
+            std::puts("farewell");
+    }
+};
+
+const Farewell farewell;
 
 void die()
 {
@@ -48,6 +64,10 @@ public:
     {
         if (FAULT == LEAVES_THE_PROCESS)
             std::_Exit(3);
+        if (FAULT == LEAVES_IN_ORDER)
+            std::_Exit(0);
+        if (FAULT == LEAVES_LIKE_A_FAILED_CHECK)
+            std::_Exit(10);
     }
 
 protected:
