@@ -1,6 +1,8 @@
 // Playing scripts: what is expected.
 #include "script_player.h"
 
+#include "project_folder.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -8,8 +10,6 @@
 #include <sqlite3.h>
 
 namespace {
-
-constexpr char PROJECT_FOLDER[] = "/usr/tabrix/project";
 
 QString text(const char* latin)
 {

@@ -2,6 +2,7 @@
 #include "elf_file.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 
 #include <gelf.h>
@@ -193,6 +194,11 @@ QString lookOf(const QByteArray& start)
 ElfFile ElfFile::read(const QString& fileName)
 {
     ElfFile result;
+    const QFileInfo info(fileName);
+    if (info.exists() && !info.isFile()) { // a pipe would be waited for
+        result.problem = text("it is no file");
+        return result;
+    }
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         result.problem = file.errorString();

@@ -4,9 +4,11 @@
 #include "headless.h"
 #include "panel_program.h"
 #include "probe.h"
+#include "project_folder.h"
 #include "validation.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -80,6 +82,7 @@ struct Arguments
     int seconds = 10;
     int timeLimit = TIME_LIMIT;
     unsigned seed = 1;
+    bool changeFiles = false;
     bool list = false;
     bool json = false;
 };
@@ -99,6 +102,8 @@ void declare(CLI::App& app, Arguments& arguments)
     app.add_option("--seed", arguments.seed, "Of the random taps (1)");
     app.add_option("--time-limit", arguments.timeLimit, "Seconds after which a check hangs (120)")
         ->check(CLI::Range(1, 86400));
+    app.add_flag("--change-files", arguments.changeFiles,
+                 "Random taps may change and delete what /usr/tabrix/project holds");
     app.add_flag("--json", arguments.json, "As JSON");
     app.add_option("--alone", arguments.alone)->group(""); // the program's own: one check, in this process
 }
@@ -135,6 +140,21 @@ std::optional<QStringList> chosenChecks(const std::vector<std::string>& only)
             names.append(QString::fromLatin1(check.name));
     }
     return names;
+}
+
+/// Random taps save, add and delete: nobody may lose recipes by looking at a library. Tells what is in the way.
+bool wouldChangeFiles(const QStringList& names, const Arguments& arguments)
+{
+    const QString folder = QString::fromLatin1(PROJECT_FOLDER);
+    const QStringList files = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    if (arguments.changeFiles || files.isEmpty() || !names.contains(QLatin1String(RANDOM_TAPS)))
+        return false;
+    const QString told = QStringLiteral("%1 holds %2%3, and random taps would change it. Run this in a copy of the "
+                                        "folder (with-project-dir COPY recipe-panel ...) with --change-files, or "
+                                        "choose other checks with --only. Nothing was run.")
+                             .arg(folder, files.first(), files.size() > 1 ? QStringLiteral(" and more") : QString());
+    std::fprintf(stderr, "%s\n", told.toLocal8Bit().constData());
+    return true;
 }
 
 void tell(const ValidationResult& result)
@@ -207,7 +227,7 @@ int runValidate(int argc, char** argv)
     if (!arguments.alone.empty())
         return runAlone(arguments, settings, own, argv);
     const auto names = chosenChecks(arguments.only);
-    if (!names)
+    if (!names || wouldChangeFiles(*names, arguments))
         return EXIT_FAULTY;
     QCoreApplication application(own, argv);
     return runChecks(*names, settings, arguments);

@@ -9,6 +9,8 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include <climits>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -80,6 +82,26 @@ QStringList loaderFolders()
     return folders;
 }
 
+/// Where the loader's cache has a library, for whatever processor.
+QStringList cachedPaths(const QString& name)
+{
+    QStringList paths;
+    const std::unique_ptr<FILE, int (*)(FILE*)> list(popen("/sbin/ldconfig -p 2>/dev/null", "r"), &pclose);
+    char line[2 * PATH_MAX];
+    while (list && std::fgets(line, sizeof(line), list.get())) {
+        const QString entry = QString::fromLocal8Bit(line).trimmed(); // "libz.so.1 (libc6,x86-64) => /lib/libz.so.1"
+        if (entry.startsWith(name + text(" (")))
+            paths.append(entry.section(text(" => "), 1));
+    }
+    return paths;
+}
+
+/// The loader passes over what is for another processor.
+bool couldBe(const QString& path, const ElfFile& asker)
+{
+    return QFileInfo(path).isFile() && ElfFile::read(path).runsWith(asker);
+}
+
 /// Where the loader would find what `asker` needs; empty: nowhere.
 QString findLibrary(const QByteArray& library, const QString& askerFile, const ElfFile& asker)
 {
@@ -96,7 +118,11 @@ QString findLibrary(const QByteArray& library, const QString& askerFile, const E
     }
     for (const QString& folder : folders + loaderFolders()) {
         const QString path = QDir(folder).filePath(name);
-        if (!folder.isEmpty() && QFileInfo(path).isFile())
+        if (!folder.isEmpty() && couldBe(path, asker))
+            return path;
+    }
+    for (const QString& path : cachedPaths(name)) {
+        if (couldBe(path, asker))
             return path;
     }
     return QString();
@@ -139,7 +165,7 @@ private:
 
 QString qtName(int major)
 {
-    return major == 0 ? text("no Qt") : text("Qt %1").arg(major);
+    return major == 0 ? text("no Qt of its own") : text("Qt %1").arg(major);
 }
 
 } // namespace
@@ -207,14 +233,14 @@ void Probe::judgeMachine()
                      text("build it with this machine's compiler; for a panel of its own kind it may be right"), true});
 }
 
+/// A library that is not linked with any Qt uses the panel's; whether that has all names is looked at elsewhere.
 void Probe::judgeQt()
 {
     const int qt = m_file.qtMajor();
-    if (qt == QT_VERSION_MAJOR)
+    if (qt == 0 || qt == QT_VERSION_MAJOR)
         return;
-    const QString cure = qt == 0 ? text("link it with Qt %1, as items draw with it").arg(QT_VERSION_MAJOR)
-                                 : text("build it with Qt %1").arg(QT_VERSION_MAJOR);
-    m_faults.append({text("use of %1").arg(qtName(qt)), qtName(QT_VERSION_MAJOR), cure, true});
+    m_faults.append({text("use of %1").arg(qtName(qt)), qtName(QT_VERSION_MAJOR),
+                     text("build it with Qt %1").arg(QT_VERSION_MAJOR), true});
 }
 
 void Probe::judgeEntryPoints()

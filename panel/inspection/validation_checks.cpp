@@ -399,7 +399,7 @@ const QVector<ValidationCheck>& validationChecks()
          callingOrder},
         {"empty-interface", "an item that gets no interface at all, or a null one", emptyInterface},
         {"no-properties", "an item that has no property object", noProperties},
-        {"random-taps", "seconds of taps and drags anywhere, with what they open answered at random", randomTaps},
+        {RANDOM_TAPS, "seconds of taps and drags anywhere, with what they open answered at random", randomTaps},
         {"destruction", "panels opened and closed again while notifications are on their way", destruction},
         {"unload", "the library loaded, used and unloaded, many times", unload},
     };

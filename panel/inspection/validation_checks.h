@@ -6,6 +6,9 @@
 #include <QString>
 #include <QVector>
 
+/// The one check that changes what items keep in files, as an operator would.
+constexpr char RANDOM_TAPS[] = "random-taps";
+
 struct ValidationSettings
 {
     QString library;

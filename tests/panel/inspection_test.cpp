@@ -7,6 +7,7 @@
 #include <QJsonObject>
 
 #include <elf.h>
+#include <sys/stat.h>
 
 #include <map>
 #include <random>
@@ -140,6 +141,44 @@ TEST_F(Inspection, TellsALibraryThatIsMissing)
     EXPECT_NE(told.find("need of libnothin.so.6"), std::string::npos);
 }
 
+#ifdef HAS_LOADER_CACHE
+/// Folders of /etc/ld.so.conf, as /usr/local/lib, are known to the loader by its cache alone.
+TEST_F(Inspection, FindsALibraryThatOnlyTheLoadersCacheKnows)
+{
+    const QString plugin = changedLamp("libstdc++.so.6", "libnothin.so.6");
+    ASSERT_TRUE(QDir().mkpath(file("vendor")));
+    write("vendor/libnothin.so.6", lamp());
+    write("ld.so.conf", file("vendor").toLocal8Bit() + "\ninclude /etc/ld.so.conf.d/*.conf\n");
+    const char* const script = "ldconfig=/sbin/ldconfig; cd \"$1\" && $ldconfig -i -X -f ld.so.conf -C cache 2>log; "
+                               "mount --bind cache /etc/ld.so.cache || exit 77; shift; exec \"$@\"";
+    QProcess process;
+    process.start(latin("unshare"),
+                  {latin("--user"), latin("--map-root-user"), latin("--mount"), latin("sh"), latin("-c"), latin(script),
+                   latin("sh"), file("."), latin(PANEL_PROGRAM), latin("probe"), plugin});
+    ASSERT_TRUE(process.waitForFinished(-1));
+    if (process.exitCode() == 77)
+        GTEST_SKIP() << "no mounts: " << process.readAllStandardError().toStdString();
+    const std::string told = process.readAllStandardOutput().toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << told << process.readAllStandardError().toStdString();
+    EXPECT_NE(told.find("The panel can load it"), std::string::npos) << told;
+}
+#endif
+
+/// A panel's item may leave Qt to the program that loads it.
+TEST_F(Inspection, TakesALibraryThatUsesThePanelsQt)
+{
+    const PanelResult result = run({latin("probe"), testPlugin("unlinked")});
+    EXPECT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_NE(result.output.find("with no Qt of its own"), std::string::npos) << result.output;
+    EXPECT_TRUE(failures({testPlugin("unlinked"), latin("--only"), latin("calling-order")}, 0).empty());
+}
+
+TEST_F(Inspection, WaitsForNoPipe)
+{
+    ASSERT_EQ(mkfifo(file("pipe").toLocal8Bit().constData(), 0600), 0);
+    EXPECT_NE(refused(file("pipe")).find("found nothing that can be read (it is no file)"), std::string::npos);
+}
+
 TEST_F(Inspection, TellsCodeForAnotherProcessor)
 {
     QByteArray bytes = lamp();
@@ -224,6 +263,25 @@ TEST_F(Inspection, PassesTheShippedLibraryWithARealProject)
                          0)
                     .empty());
     EXPECT_EQ(m_ran, 10);
+}
+
+/// Ten seconds of them once left a bakery with seven times the same recipe.
+TEST_F(Inspection, TapsOnNobodysRecipesUnlessItIsTold)
+{
+    QDir().mkpath(latin("/usr/tabrix/project"));
+    QFile recipes(latin("/usr/tabrix/project/recipeN.db3"));
+    ASSERT_TRUE(recipes.open(QIODevice::WriteOnly));
+    recipes.close();
+    const PanelResult refused = run({latin("validate"), testPlugin("lamp"), latin("--seconds"), latin("1")});
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_EQ(refused.output, "");
+    EXPECT_EQ(refused.errors.substr(0, 75),
+              "/usr/tabrix/project holds recipeN.db3, and random taps would change it. Run");
+    EXPECT_TRUE(failures({testPlugin("lamp"), latin("--only"), latin("names")}, 0).empty());
+    EXPECT_TRUE(failures({testPlugin("lamp"), latin("--only"), latin("random-taps"), latin("--seconds"), latin("1"),
+                          latin("--change-files")},
+                         0)
+                    .empty());
 }
 
 TEST_F(Inspection, PassesAPlainItemWithoutAProject)
