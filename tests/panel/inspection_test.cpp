@@ -186,7 +186,7 @@ TEST_F(Inspection, TellsCodeForAnotherProcessor)
     bytes[EI_NIDENT + 3] = 0;
     const QString library = write("foreign.so", bytes);
     const std::string told = refused(library);
-    EXPECT_NE(told.find("found a shared library for PowerPC (64-bit"), std::string::npos);
+    EXPECT_NE(told.find("found a shared library for PowerPC ("), std::string::npos);
     EXPECT_NE(told.find("build it with this machine's compiler"), std::string::npos);
     EXPECT_FALSE(probed(library)[latin("namesChecked")].toBool()); // who knows what is there
 }

@@ -1,4 +1,4 @@
-// Lets QProcess work in test programs that qemu runs. Linked into those only.
+// Lets QProcess work in programs that qemu runs: tests, and the panel that they start. Linked into those only.
 //
 // Qt asks the kernel whether a process can be waited for by a file descriptor, and then starts processes that way.
 // qemu (7.2) passes the question on and hears yes, but cannot start such a process. Here the answer is no, and Qt

@@ -10,7 +10,7 @@
 
 namespace {
 
-const int PATIENCE_MS = 300000; // a hanging program fails the test
+const int PATIENCE_MS = 30 * 60 * 1000; // a hanging program fails the test
 
 /// A connection that is closed on every path.
 class Connection
