@@ -10,5 +10,6 @@ sheet_test(NAME edit_add_delete_test SOURCES edit_add_delete_test.cpp worker_tes
 sheet_test(NAME edit_durability_test SOURCES edit_durability_test.cpp)
 # Has a runtime of its own for events and notifications.
 sheet_test(NAME edit_calls_back_test SOURCES edit_calls_back_test.cpp)
-sheet_test(NAME stress_random_day_test SOURCES stress_random_day_test.cpp)
+sheet_test(NAME stress_random_day_test SOURCES stress_random_day_test.cpp random_day.cpp)
+sheet_test(NAME soak_test SOURCES soak_test.cpp random_day.cpp)
 sheet_test(NAME stress_worker_test SOURCES stress_worker_test.cpp)
