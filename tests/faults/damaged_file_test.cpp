@@ -1,6 +1,7 @@
 // Every file of the damaged corpus through a whole life of a sheet: open, paint, scroll, tap, type, save, add, delete.
 // Nothing crashes or hangs, the memory stays within what the file holds, and the sheet goes on working.
 #include "RecipeSheetThread.h"
+#include "fault_tally.h"
 #include "sheet_fixture.h"
 #include "sqlite_errors.h"
 #include "wanted_leak.h"
@@ -99,6 +100,7 @@ protected:
 
 TEST_F(DamagedFiles, DoNotEndTheProcessOrFillItsMemory)
 {
+    FaultTally tally("damaged file");
     rlimit before;
     getrlimit(RLIMIT_DATA, &before);
     for (const auto& entry : index.items()) {
@@ -118,6 +120,7 @@ TEST_F(DamagedFiles, DoNotEndTheProcessOrFillItsMemory)
         live(sheet, 8);
         destroySheet(sheet);
         setrlimit(RLIMIT_DATA, &before);
+        tally.add(entry.key() != "good", HasFailure() ? FaultTally::Found : FaultTally::Fine);
     }
 }
 
@@ -145,6 +148,7 @@ TEST_F(DamagedFiles, ShowAnErrorPlaceholdersOrCells)
         {"config_negative_counts", "", "Col0", "Row0"},
         {"data_texts_in_numbers", "abc", "Recipe 0 L0", "Item 0 L0"},
     };
+    FaultTally tally("damaged file");
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         place(row.name);
@@ -155,6 +159,7 @@ TEST_F(DamagedFiles, ShowAnErrorPlaceholdersOrCells)
         EXPECT_EQ(sheet.getColumnName(0).toStdString(), row.firstRecipe);
         EXPECT_EQ(sheet.getRowName(0).toStdString(), row.firstItem);
         destroySheet(sheet);
+        tally.add(std::string(row.name) != "good", HasFailure() ? FaultTally::Found : FaultTally::Fine);
     }
 }
 

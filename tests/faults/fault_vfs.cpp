@@ -52,6 +52,8 @@ struct State
     sqlite3_int64 space = -1; // -1: endless
     int struck = 0;
     int openFiles = 0;
+    int happensIn = 0; // operations; 0: never
+    std::function<void()> happening;
     std::vector<std::string> log;
 };
 
@@ -192,6 +194,20 @@ void leaveOnDisk(State& s)
     s.files.clear();
 }
 
+/// Not under the mutex. What is to happen before an operation.
+void happen()
+{
+    State& s = state();
+    std::function<void()> happening;
+    {
+        std::lock_guard<std::mutex> lock(s.mutex);
+        if (s.off || s.happensIn == 0 || --s.happensIn > 0)
+            return;
+        happening.swap(s.happening);
+    }
+    happening();
+}
+
 // --- faults ------------------------------------------------------------------------------------------------------
 
 const int POWER_OFF = SQLITE_IOERR;
@@ -264,6 +280,7 @@ int fileClose(sqlite3_file* f)
 
 int fileRead(sqlite3_file* f, void* buffer, int amount, sqlite3_int64 offset)
 {
+    happen();
     File* const file = asFile(f);
     if (file->path) {
         std::lock_guard<std::mutex> lock(state().mutex);
@@ -292,6 +309,7 @@ bool takeSpace(State& s, File* file, int amount, sqlite3_int64 offset)
 
 int fileWrite(sqlite3_file* f, const void* buffer, int amount, sqlite3_int64 offset)
 {
+    happen();
     File* const file = asFile(f);
     if (!file->path)
         return file->real()->pMethods->xWrite(file->real(), buffer, amount, offset);
@@ -310,6 +328,7 @@ int fileWrite(sqlite3_file* f, const void* buffer, int amount, sqlite3_int64 off
 
 int fileTruncate(sqlite3_file* f, sqlite3_int64 size)
 {
+    happen();
     File* const file = asFile(f);
     if (!file->path)
         return file->real()->pMethods->xTruncate(file->real(), size);
@@ -325,6 +344,7 @@ int fileTruncate(sqlite3_file* f, sqlite3_int64 size)
 
 int fileSync(sqlite3_file* f, int flags)
 {
+    happen();
     File* const file = asFile(f);
     if (!file->path)
         return file->real()->pMethods->xSync(file->real(), flags);
@@ -349,6 +369,7 @@ int fileSize(sqlite3_file* f, sqlite3_int64* size)
 
 int fileLock(sqlite3_file* f, int level)
 {
+    happen();
     File* const file = asFile(f);
     if (file->path) {
         std::lock_guard<std::mutex> lock(state().mutex);
@@ -361,6 +382,7 @@ int fileLock(sqlite3_file* f, int level)
 
 int fileUnlock(sqlite3_file* f, int level)
 {
+    happen();
     return asFile(f)->real()->pMethods->xUnlock(asFile(f)->real(), level);
 }
 
@@ -429,6 +451,7 @@ int vfsOpen(sqlite3_vfs*, const char* name, sqlite3_file* f, int flags, int* out
     file->base.pMethods = nullptr;
     file->path = nullptr;
     file->counted = false;
+    happen();
     State& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);
     if (name) {
@@ -451,6 +474,7 @@ int vfsOpen(sqlite3_vfs*, const char* name, sqlite3_file* f, int flags, int* out
 
 int vfsDelete(sqlite3_vfs*, const char* name, int syncDirectory)
 {
+    happen();
     State& s = state();
     std::lock_guard<std::mutex> lock(s.mutex);
     const int fault = changing(s, FaultVfs::Delete);
@@ -546,6 +570,8 @@ void FaultVfs::reset()
     s.off = false;
     s.space = -1;
     s.struck = 0;
+    s.happensIn = 0;
+    s.happening = nullptr;
     s.log.clear();
 }
 
@@ -559,6 +585,13 @@ void FaultVfs::fillAfter(std::int64_t bytes)
 {
     std::lock_guard<std::mutex> lock(state().mutex);
     state().space = bytes;
+}
+
+void FaultVfs::beforeNth(int n, const std::function<void()>& happening)
+{
+    std::lock_guard<std::mutex> lock(state().mutex);
+    state().happensIn = n;
+    state().happening = happening;
 }
 
 void FaultVfs::cutPowerAt(int n, Survival survival, unsigned seed)

@@ -20,6 +20,7 @@
 #define FAULT_VFS_H
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,9 @@ public:
     void failNth(Operation operation, int n, int code, bool forGood = false);
     /// Writes that grow files by more than `bytes` in all from now on fail with SQLITE_FULL.
     void fillAfter(std::int64_t bytes);
+    /// Calls the function once, before the n-th (from 1) operation of any kind from now on. It may use the file from
+    /// another process. 0: never.
+    void beforeNth(int n, const std::function<void()>& happening);
     /// The n-th (from 1) disk-changing operation (open of a new file, write, truncate, sync, delete) and all that
     /// follow do not happen any more. `seed` decides the random choices.
     void cutPowerAt(int n, Survival survival, unsigned seed = 1);

@@ -5,12 +5,11 @@
 #include "outside_sqlite.h"
 #include "sqlite_errors.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
-
-const char SUFFIX_JOURNAL[] = "-journal";
-const char SUFFIX_BACKUP[] = ".bak";
 
 bool runWorker(int recipe, bool (RecipeSheetThread::*operation)())
 {
@@ -37,17 +36,19 @@ StorageJob saveJob(int cells, int titles)
         }
         return sheet.saveRecipeFile();
     };
-    return {titles > 0 ? "save of cells and titles" : "save of cells", run, cells + titles == 1};
+    return {titles > 0 ? "save of cells and titles" : "save of cells", "a save", run, cells + titles == 1, false};
 }
 
 StorageJob addJob(int recipe)
 {
-    return {"add", [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::add); }, true};
+    return {"add", "an add or delete",
+            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::add); }, true, true};
 }
 
 StorageJob deleteJob(int recipe)
 {
-    return {"delete", [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::del); }, true};
+    return {"delete", "an add or delete",
+            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::del); }, true, true};
 }
 
 StorageJobs::StorageJobs()
@@ -72,8 +73,10 @@ void StorageJobs::restoreFile()
 {
     RecipeDB::getInstance()->CloseRecipeFile();
     vfs.reset();
-    for (const char* suffix : {"", SUFFIX_JOURNAL, SUFFIX_BACKUP})
-        QFile::remove(recipeFile() + QString::fromLatin1(suffix));
+    const QDir folder = QFileInfo(recipeFile()).dir();
+    const QStringList patterns = {QString::fromLatin1("recipeN.db3*"), QString::fromLatin1(".recipeN.db3*")};
+    for (const QString& name : folder.entryList(patterns, QDir::Files | QDir::Hidden))
+        QFile::remove(folder.filePath(name));
     ASSERT_TRUE(QFile::copy(m_pristine, recipeFile()));
 }
 

@@ -13,8 +13,10 @@
 struct StorageJob
 {
     const char* name;
+    const char* kind; ///< in the table of faults: "a save", ...
     std::function<bool(RecipeSheetItems& sheet)> run;
-    bool atomic; ///< the file is wholly old or wholly new; else each edited cell by itself
+    bool atomic;            ///< the file is wholly old or wholly new; else each edited cell by itself
+    bool announcesFailures; ///< a save says that it succeeded whatever happened
 };
 
 StorageJob saveJob(int cells, int titles);
@@ -29,7 +31,7 @@ protected:
 
     /// Makes the file that every run starts from.
     void prepare(int items, int recipes);
-    /// Puts the prepared file back, without journal and backup, and makes the disk whole.
+    /// Puts the prepared file back, without journals, backups and half-made files, and makes the disk whole.
     void restoreFile();
     /// Constructs and configures a sheet on the file, with the disk whole.
     RecipeSheetItems& openSheet();

@@ -22,6 +22,12 @@ const int PAGES_PER_STEP = 1000;
 const int LOCK_PAUSE_MS = 20;
 const int BYTES_PER_PIECE = 1 << 16;
 
+/// With less, a journal that was deleted may be back after a power cut and undo the change. EXTRA is known from 3.11.
+const char* lastingCommits()
+{
+    return sqlite3_libversion_number() < 3011000 ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=EXTRA";
+}
+
 } // namespace
 
 Statement::Statement(Database& database, const std::string& sql) : m_database(database), m_statement(nullptr)
@@ -164,8 +170,10 @@ void Database::requireRecipeFile()
 void Database::open(Mode mode, int waitMs)
 {
     connect(mode == ReadOnly || mode == Reading, waitMs);
-    if (mode == AnyContents)
+    if (mode == AnyContents) {
+        sqlite3_exec(m_handle, lastingCommits(), nullptr, nullptr, nullptr); // refused by what is no database
         return;
+    }
     try {
         requireRecipeFile();
     } catch (const InterruptedWrite&) {
@@ -176,6 +184,8 @@ void Database::open(Mode mode, int waitMs)
         requireRecipeFile();
         say("a write to " + m_path + " was interrupted; it is in its last whole state again");
     }
+    if (mode == ReadWrite)
+        execute(lastingCommits());
 }
 
 void Database::execute(const std::string& sql)
