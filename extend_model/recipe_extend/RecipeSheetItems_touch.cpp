@@ -25,6 +25,12 @@ bool sameRect(const QRectF& a, const QRectF& b)
            && sameCoordinate(a.height(), b.height());
 }
 
+/// A position that is no number lies, to QRectF, in every rectangle: on Delete too.
+bool isSomewhere(const QPointF& position)
+{
+    return position.x() == position.x() && position.y() == position.y();
+}
+
 } // namespace
 
 // --- what the runtime calls --------------------------------------------------------------------------------------
@@ -32,6 +38,8 @@ bool sameRect(const QRectF& a, const QRectF& b)
 void RecipeSheetItems::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     const QPointF position = event->pos();
+    if (!isSomewhere(position))
+        return;
     deal_move_press(position);
     deal_data_press(position);
     deal_title_press(position);
