@@ -99,6 +99,13 @@ private:
     SqlText m_sql;
 };
 
+/// A runtime may unload the library, and load it again: the file must not stay open without anybody who could close
+/// it. Made on first use, and so gone before anything that exists from the beginning.
+struct CloseWithTheLibrary
+{
+    ~CloseWithTheLibrary() { RecipeDB::release(); }
+};
+
 } // namespace
 
 std::atomic<RecipeDB*> RecipeDB::instance(nullptr);
@@ -114,6 +121,7 @@ RecipeDB* RecipeDB::getInstance()
     if (!existing) {
         existing = new RecipeDB;
         instance.store(existing, std::memory_order_release);
+        static const CloseWithTheLibrary close;
     }
     return existing;
 }

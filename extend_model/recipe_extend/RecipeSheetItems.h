@@ -369,7 +369,7 @@ private:
     QColor selectedRowColor;
     QColor selectedCellColor;
     int nameWidth;
-    mutable QMutex displayMutex;
+    mutable QMutex displayMutex;    // alone: never with dataMutex, never while the runtime is called
     std::atomic<bool> needsRepaint; // the next paint refreshes displayCells; the worker sets it too
     int blockColumns;
     int blockRows;
@@ -387,7 +387,7 @@ private:
     QList<QRectF> stripeRects;
     int useAddDel;
     RecipeSheetThread* worker; // not owned; null until init
-    mutable QMutex dataMutex;
+    mutable QMutex dataMutex;  // likewise; RecipeDB's mutex may be taken below it
 };
 
 // --- entry points of the library ---------------------------------------------------------------------------------

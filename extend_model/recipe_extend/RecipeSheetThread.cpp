@@ -8,6 +8,8 @@
 
 namespace {
 
+std::atomic<bool> leaving(false); // the library is being unloaded
+
 void postNotice(const QString& text)
 {
     UHmiEvent::hmiEventPost(new UMessageBoxEvent(text, 30, 2), nullptr);
@@ -19,6 +21,26 @@ std::atomic<RecipeSheetThread*> RecipeSheetThread::instance(nullptr);
 QMutex RecipeSheetThread::mutex;
 std::atomic<bool> RecipeSheetThread::fileInUse(false);
 
+/// A runtime may unload the library: a job must have ended before its code is gone, and nobody takes its result any
+/// more. (What it posted before must have been delivered: the events' code is the library's.) Called on first use,
+/// behind RecipeDB's first use: what is made here is gone before the file is closed, and that before anything that
+/// exists from the beginning.
+void RecipeSheetThread::endWithTheLibrary()
+{
+    struct End
+    {
+        ~End()
+        {
+            leaving = true;
+            if (RecipeSheetThread* const worker = instance.load(std::memory_order_acquire))
+                worker->wait();
+            release();
+        }
+    };
+    static const End end;
+    Q_UNUSED(end)
+}
+
 RecipeSheetThread* RecipeSheetThread::getInstance()
 {
     RecipeSheetThread* existing = instance.load(std::memory_order_acquire);
@@ -29,6 +51,7 @@ RecipeSheetThread* RecipeSheetThread::getInstance()
     if (!existing) {
         existing = new RecipeSheetThread;
         instance.store(existing, std::memory_order_release);
+        endWithTheLibrary();
     }
     return existing;
 }
@@ -61,6 +84,8 @@ void RecipeSheetThread::run()
     }
     const bool done = op == OP_ADD ? add() : op == OP_DELETE && del();
     fileInUse = false; // a job that failed early
+    if (leaving)
+        return; // nobody can take an event whose code is gone
     if (op == OP_ADD)
         postNotice(done ? QObject::tr("add success") : QObject::tr("add error"));
     else if (op == OP_DELETE)
@@ -104,7 +129,7 @@ bool RecipeSheetThread::rewrite(const recipeTableInfo_t& group)
     fileInUse = false; // the result makes the sheet read the file
     if (result != 0)
         return false;
-    if (callback)
+    if (callback && !leaving)
         callback(true, static_cast<int>(group.columnName.size()), static_cast<int>(group.items.size()));
     return true;
 }

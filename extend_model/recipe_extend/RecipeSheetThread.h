@@ -57,6 +57,7 @@ protected:
 private:
     RecipeSheetThread();
     bool rewrite(const recipeTableInfo_t& group);
+    static void endWithTheLibrary();
 
     static std::atomic<RecipeSheetThread*> instance;
     static QMutex mutex; // guards creation and release
