@@ -24,22 +24,16 @@ namespace {
 
 const int CHANGED_EVERY = 10; ///< of the items, in every recipe
 
-struct Usage
-{
-    double seconds; ///< of processor time, user and kernel
-    double residentKib;
-};
-
 [[noreturn]] void giveUp(const std::string& what)
 {
     std::fprintf(stderr, "recipe_bench: %s\n", what.c_str());
     std::exit(1);
 }
 
-/// The program as a user runs it, its talk thrown away. Whatever it ends with but 0 ends the bench.
-Usage runTool(const BenchOptions& options, std::vector<std::string> words)
+/// A program as a user runs it, its talk thrown away: seconds of processor time, user and kernel. Whatever it ends with
+/// but 0 ends the bench.
+double runProgram(std::vector<std::string> words)
 {
-    words.insert(words.begin(), options.toolProgram);
     std::vector<char*> arguments;
     for (std::string& word : words)
         arguments.push_back(&word[0]);
@@ -53,9 +47,15 @@ Usage runTool(const BenchOptions& options, std::vector<std::string> words)
     int status = 0;
     rusage used;
     if (started != 0 || wait4(child, &status, 0, &used) != child || status != 0)
-        giveUp("cannot run " + options.toolProgram + ' ' + words[1]);
+        giveUp("cannot run " + words[0] + ' ' + words[1]);
     const auto seconds = [](const timeval& time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
-    return {seconds(used.ru_utime) + seconds(used.ru_stime), double(used.ru_maxrss)};
+    return seconds(used.ru_utime) + seconds(used.ru_stime);
+}
+
+double runTool(const BenchOptions& options, std::vector<std::string> words)
+{
+    words.insert(words.begin(), options.toolProgram);
+    return runProgram(words);
 }
 
 std::string beside(const char* name)
@@ -130,9 +130,8 @@ Comparison exportGroup(const BenchOptions& options, const GroupSize& size, const
     Comparison comparison;
     const std::string group = std::to_string(size.group);
     comparison.ours = [=] {
-        return runTool(options,
-                       {"export", recipePath().toStdString(), fresh("out.sheet"), "--group", group, "--format", format})
-            .seconds;
+        return runTool(
+            options, {"export", recipePath().toStdString(), fresh("out.sheet"), "--group", group, "--format", format});
     };
     comparison.limit = [=] { return measure(Clock::Processor, [&] { bareExport(size); }); };
     comparison.rounds = rounds(options, 5);
@@ -165,7 +164,17 @@ void makeChangedSheet(const BenchOptions& options, const GroupSize& size)
     runTool(options, {"export", beside("changed.db3"), fresh("changed.csv"), "--group", std::to_string(size.group)});
 }
 
-/// Reads all values as an import must, and writes the new ones by the statement that an import prepares.
+std::vector<sqlite3_int64> rowNumbers(Connection& file, const GroupSize& size)
+{
+    std::vector<sqlite3_int64> numbers;
+    sqlite3_stmt* row = file.prepare("SELECT rowid FROM " + table("data_", size) + " ORDER BY rowid");
+    while (sqlite3_step(row) == SQLITE_ROW)
+        numbers.push_back(sqlite3_column_int64(row, 0));
+    sqlite3_finalize(row);
+    return numbers;
+}
+
+/// Reads all values, as whoever tells old from new must, and writes the new ones: one statement for each recipe.
 void bareImport(const GroupSize& size, const std::string& path)
 {
     Connection file(path);
@@ -175,13 +184,14 @@ void bareImport(const GroupSize& size, const std::string& path)
     std::string sql;
     for (int i = 0; i < size.items; i += CHANGED_EVERY)
         sql += (i > 0 ? ", D" : "D") + std::to_string(i) + " = ?";
+    const std::vector<sqlite3_int64> rows = rowNumbers(file, size);
     file.exec("BEGIN IMMEDIATE");
-    sqlite3_stmt* update = file.prepare("UPDATE " + table("data_", size) + " SET " + sql + " WHERE column = ?");
-    for (int recipe = 0; recipe < size.recipes; ++recipe) {
+    sqlite3_stmt* update = file.prepare("UPDATE " + table("data_", size) + " SET " + sql + " WHERE rowid = ?");
+    for (const sqlite3_int64 row : rows) {
         int parameter = 1;
         for (int i = 0; i < size.items; i += CHANGED_EVERY)
             sqlite3_bind_text(update, parameter++, "12.5", -1, SQLITE_STATIC);
-        sqlite3_bind_int(update, parameter, recipe);
+        sqlite3_bind_int64(update, parameter, row);
         sqlite3_step(update);
         sqlite3_reset(update);
     }
@@ -196,9 +206,8 @@ Comparison importGroup(const BenchOptions& options, const GroupSize& size)
     Comparison comparison;
     comparison.ours = [=] {
         copyFile(beside("target.db3"));
-        const double seconds = runTool(options, {"import", beside("target.db3"), beside("changed.csv"), "--group",
-                                                 std::to_string(size.group)})
-                                   .seconds;
+        const double seconds = runTool(
+            options, {"import", beside("target.db3"), beside("changed.csv"), "--group", std::to_string(size.group)});
         for (const QString& backup : QDir(QFileInfo(recipePath()).path()).entryList({QStringLiteral("*.bak")}))
             QFile::remove(QFileInfo(recipePath()).path() + QLatin1Char('/') + backup);
         return seconds;
@@ -211,22 +220,31 @@ Comparison importGroup(const BenchOptions& options, const GroupSize& size)
     return comparison;
 }
 
-/// What the program holds at most while it exports, beside the same of the smallest group.
+/// What the program holds at most while it exports. A child of this process would start with this one's peak, so a
+/// small program (GNU time) stands between.
+double residentKib(const BenchOptions& options, const GroupSize& size, const char* format)
+{
+    useFile(size);
+    runProgram({"/usr/bin/time", "-f", "%M", "-o", fresh("peak"), options.toolProgram, "export",
+                recipePath().toStdString(), fresh("out.sheet"), "--group", std::to_string(size.group), "--format",
+                format});
+    double kib = 0;
+    std::ifstream(beside("peak")) >> kib;
+    return kib;
+}
+
+/// Beside the same of a group with the same items and a quarter of the recipes: what grows with recipes shows.
 void measureMemory(const BenchOptions& options, const GroupSize& size)
 {
-    const auto resident = [&](const GroupSize& of, const char* format) {
-        useFile(of);
-        return runTool(options, {"export", recipePath().toStdString(), fresh("out.sheet"), "--group",
-                                 std::to_string(of.group), "--format", format})
-            .residentKib;
-    };
-    for (const char* format : {"csv", "json"}) {
+    const std::string fewer = std::string(size.name) + "_quarter";
+    const GroupSize quarter = {fewer.c_str(), size.group, size.items, size.recipes / 4};
+    for (const auto& [name, format] : {std::pair{"CSV", "csv"}, std::pair{"JSON", "json"}}) {
         Row row;
-        row.what = std::string("recipe-file: memory of an export as ") + format + ", limit: of S";
+        row.what = std::string("recipe-file: peak memory, export as ") + name;
         row.size = size.name;
         row.unit = "KiB";
-        row.ours = resident(size, format);
-        row.limit = resident(SIZE_S, format);
+        row.ours = residentKib(options, size, format);
+        row.limit = residentKib(options, quarter, format);
         row.limitRatio = row.ours / row.limit;
         addRow(row);
     }
@@ -247,6 +265,7 @@ void addToolRows(const BenchOptions& options)
                 measureMemory(options, size);
             }
         };
-        benchmark::RegisterBenchmark((std::string("recipe-file: memory/") + size.name).c_str(), memory)->Iterations(1);
+        benchmark::RegisterBenchmark((std::string("recipe-file: peak memory/") + size.name).c_str(), memory)
+            ->Iterations(1);
     }
 }

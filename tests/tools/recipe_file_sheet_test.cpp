@@ -1,6 +1,8 @@
 // export, import, diff: nothing is lost on the way out and back, nothing is written unseen.
 #include "program.h"
 
+#include <iostream>
+
 namespace {
 
 // Values that a careless way through CSV would change.
@@ -395,3 +397,31 @@ TEST_F(Sheet, AsATableIsWhatShowShows)
     EXPECT_EQ(run({"export", "--format", "table", "--language", "8", "b.db3"}).out,
               run({"show", "--language", "8", "b.db3"}).out);
 }
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) && !defined(__arm__) // nor with qemu
+// Less than a byte for each value more: what grows is titles.
+TEST_F(Sheet, IsExportedOneRowAtATime)
+{
+    const int items = 1900;
+    const int few = 500;
+    const int many = 2000;
+    for (const int recipes : {few, many})
+        ASSERT_EQ(run({"generate", "--items", std::to_string(items), "--recipes", std::to_string(recipes),
+                       std::to_string(recipes) + ".db3"})
+                      .code,
+                  0);
+    const auto peakKib = [&](int recipes, const std::string& options) {
+        const Outcome outcome = runShell("/usr/bin/time -f %M -o peak " + program().toStdString() + " export --force "
+                                         + options + ' ' + std::to_string(recipes) + ".db3 out 2>/dev/null");
+        EXPECT_EQ(outcome.code, 0);
+        return std::stol(read("peak"));
+    };
+    for (const char* options : {"--format csv", "--format csv --transposed", "--format json", "--format table"}) {
+        const long least = peakKib(few, options);
+        const long most = peakKib(many, options);
+        std::cout << "export " << options << ": peak " << least << " KiB with " << few << " recipes, " << most
+                  << " KiB with " << many << '\n';
+        EXPECT_LT((most - least) * 1024, long{items} * (many - few)) << options;
+    }
+}
+#endif

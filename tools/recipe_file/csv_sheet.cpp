@@ -9,7 +9,7 @@
 
 namespace {
 
-const int BLOCK_CELLS = 65536; ///< cells held at a time where rows of the sheet are columns of the file
+const int BLOCK_CELLS = 262144; ///< cells held at a time where rows of the sheet are columns of the file
 
 /// A number goes in plain, a text quoted, a value that is not there as an empty field. A text in a numeric item (a
 /// damaged file) is quoted too.

@@ -7,7 +7,7 @@
 
 namespace {
 
-const int BLOCK_CELLS = 65536; ///< cells held at a time
+const int BLOCK_CELLS = 262144; ///< cells held at a time
 
 const char MISSING[] = "(missing)";
 
