@@ -52,6 +52,9 @@ public:
         return true;
     }
 
+    /// Whether there is a table of names for the loader, as every library has that can be linked with.
+    bool hasNames() const { return m_hasNames; }
+
 private:
     bool readHeader()
     {
@@ -139,6 +142,7 @@ private:
 
     void readSymbols(Elf_Data* data, const GElf_Shdr& header)
     {
+        m_hasNames = true;
         GElf_Sym symbol;
         for (int i = 1; gelf_getsym(data, i, &symbol); ++i) { // the first stands for none
             const int binding = GELF_ST_BIND(symbol.st_info);
@@ -173,6 +177,7 @@ private:
     Elf* m_elf;
     qint64 m_size;
     ElfFile& m_file;
+    bool m_hasNames = false;
     Elf_Data* m_versionOf = nullptr;
     QHash<int, QByteArray> m_versions;
 };
@@ -213,12 +218,14 @@ ElfFile ElfFile::read(const QString& fileName)
     }
     elf_version(EV_CURRENT);
     const std::unique_ptr<Elf, EndElf> elf(elf_begin(file.handle(), ELF_C_READ, nullptr));
-    if (elf && elf_kind(elf.get()) == ELF_K_ELF && Reader(elf.get(), file.size(), result).read()) {
-        result.state = State::Whole;
-    } else {
-        result.state = State::Damaged;
+    Reader reader(elf.get(), file.size(), result);
+    result.state = State::Damaged;
+    if (!elf || elf_kind(elf.get()) != ELF_K_ELF || !reader.read())
         result.problem = text("an ELF file of %1 bytes that is cut short or damaged").arg(file.size());
-    }
+    else if (result.kind == Kind::SharedLibrary && !reader.hasNames())
+        result.problem = text("a library whose sections were stripped, so that its names cannot be read");
+    else
+        result.state = State::Whole;
     return result;
 }
 

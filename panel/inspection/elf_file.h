@@ -16,7 +16,7 @@ public:
     {
         Unreadable, ///< there is no such file, or it may not be read
         NotElf,
-        Damaged, ///< it begins as ELF, but what it promises is not there
+        Damaged, ///< it begins as ELF, but what it promises is not there, or what is needed to look into it
         Whole
     };
 

@@ -226,6 +226,22 @@ TEST_F(Inspection, TellsAFileThatWasCutInItsTableOfSections)
             << missing;
 }
 
+/// The loader does without sections. Nothing is claimed then of names that nobody has read.
+TEST_F(Inspection, TellsALibraryWithoutSections)
+{
+    QByteArray bytes = lamp();
+    if (bytes.at(EI_CLASS) == ELFCLASS64) {
+        Elf64_Ehdr* const header = reinterpret_cast<Elf64_Ehdr*>(bytes.data());
+        header->e_shoff = header->e_shnum = header->e_shstrndx = 0;
+    } else {
+        Elf32_Ehdr* const header = reinterpret_cast<Elf32_Ehdr*>(bytes.data());
+        header->e_shoff = header->e_shnum = header->e_shstrndx = 0;
+    }
+    const std::string told = refused(write("stripped.so", bytes));
+    EXPECT_NE(told.find("whose sections were stripped"), std::string::npos) << told;
+    EXPECT_EQ(told.find("entry point"), std::string::npos) << told;
+}
+
 TEST_F(Inspection, RunsNoLineOfTheLibrary)
 {
     const PanelResult result = run({latin("probe"), testPlugin("loud")});
