@@ -175,11 +175,13 @@ template <typename Reader> int RecipeDB::query(const SqlText& sql, Reader reader
 int RecipeDB::count(const SqlText& sql)
 {
     int result = -1;
-    query(sql, [&result](CSqliteInter& row) {
+    std::int64_t most = 0;
+    query(sql, [&](CSqliteInter& row) {
         row.getFieldInt(0, result);
+        most = row.mostRows();
         return false;
     });
-    return result;
+    return result <= most ? result : -1; // rows that the file has no room for: nothing is made ready for them
 }
 
 int RecipeDB::getTable_Addr_Row(int group)
@@ -322,7 +324,8 @@ int RecipeDB::findTable_Data_All(int group, recipeTableInfo_t& info)
     if (m_sqlite->queryStep())
         m_sqlite->getFieldInt(0, recipes);
     m_sqlite->queryFilish();
-    if (m_sqlite->readFailed() || m_sqlite->querySQL(sqlText(SELECT_DATA, group).text()) != 0)
+    if (m_sqlite->readFailed() || recipes > m_sqlite->mostRows()
+        || m_sqlite->querySQL(sqlText(SELECT_DATA, group).text()) != 0)
         return 1;
 
     const int columns = m_sqlite->queryColumnCount();
@@ -470,15 +473,16 @@ bool RecipeDB::readTitles(int group, int firstRow, int firstColumn, recipeTableI
     return !cutShort;
 }
 
+/// Stops at the first that cannot be read: where one takes too long, hundreds would take for ever.
 bool RecipeDB::readTitlesOneByOne(int group, int firstRow, int firstColumn, recipeTableInfo_t& info)
 {
     bool cutShort = false;
     readTitle(group, DB_LANGUAGE_GROUP, 0, info.groupName, &cutShort);
     const int rowEnd = rangeEnd(firstRow, static_cast<int>(info.items.size()));
-    for (int i = firstRow; i < rowEnd; ++i)
+    for (int i = firstRow; i < rowEnd && !cutShort; ++i)
         readTitle(group, DB_LANGUAGE_ROW, i, info.items[i - firstRow].rowName, &cutShort);
     const int columnEnd = rangeEnd(firstColumn, static_cast<int>(info.columnName.size()));
-    for (int c = firstColumn; c < columnEnd; ++c)
+    for (int c = firstColumn; c < columnEnd && !cutShort; ++c)
         readTitle(group, DB_LANGUAGE_COLUMN, c, info.columnName[c - firstColumn], &cutShort);
     return !cutShort;
 }

@@ -5,6 +5,10 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <string>
+
+#include <sys/stat.h>
+#include <time.h>
 
 // What assert() calls. Declared here because <cassert> hides it in builds with NDEBUG.
 extern "C" void __assert_fail(const char* condition, const char* file, unsigned int line, const char* function) noexcept
@@ -43,15 +47,64 @@ bool formatStatement(char (&buffer)[N], const char* pattern, const char* first, 
     return length >= 0 && static_cast<std::size_t>(length) < N;
 }
 
-const char* columnText(sqlite3_stmt* statement, int col)
+// --- the allowance of a statement ---------------------------------------------------------------------------------
+
+const std::int64_t SECOND = 1000000000; // in nanoseconds
+const std::int64_t MEGABYTE = 1 << 20;
+
+/// Processor time, so that a slow card or a busy panel takes nothing from it. Reading a plain table of a megabyte takes
+/// some 30 ms of a desk's processor and a tenth of this of a slow panel's.
+const std::int64_t TIME = SECOND / 10;
+const std::int64_t TIME_PER_MEGABYTE = 4 * SECOND;
+/// Less from the second time on: a sheet tries again at every touch, and a plain table needs less still.
+const std::int64_t LESS_TIME = 4;
+const std::int64_t MOST_TIME = 60 * SECOND;
+const int STEPS_BETWEEN_CHECKS = 1000; // of SQLite's virtual machine
+
+/// A statement on the widest table (2000 columns) looks some 2000 times. Views that stand on views may look billions of
+/// times before the first row is asked for.
+const int MOST_LOOKS = 8000;
+const int LOOKS_BETWEEN_CHECKS = 64;
+
+/// Bytes of text, and some for the field that holds it. A byte of the file is at most three of text (a zero in a REAL
+/// column is "0.0").
+const std::int64_t TAKEN = 4 * MEGABYTE;
+const std::int64_t TAKEN_PER_BYTE = 16;
+const std::int64_t FIELD = 8;
+
+/// Of one value. No function of a view makes a longer one; what stands in the file is shorter than the file.
+const std::int64_t VALUE = 4 * MEGABYTE;
+const std::int64_t MOST_VALUE = 64 * MEGABYTE;
+
+/// The least that a row takes: its place in the page, its length, its number, a header.
+const std::int64_t LEAST_ROW = 4;
+const std::int64_t FEW_ROWS = 1000;
+
+/// The processor time that the calling thread has taken, in nanoseconds.
+std::int64_t threadTime()
 {
-    const unsigned char* text = sqlite3_column_text(statement, col);
-    return text ? reinterpret_cast<const char*>(text) : "";
+    struct timespec now = {0, 0};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return now.tv_sec * SECOND + now.tv_nsec;
+}
+
+std::int64_t sizeOf(const std::string& fileName)
+{
+    struct stat status;
+    return stat(fileName.c_str(), &status) == 0 ? static_cast<std::int64_t>(status.st_size) : 0;
+}
+
+std::int64_t smaller(std::int64_t a, std::int64_t b)
+{
+    return a < b ? a : b;
 }
 
 } // namespace
 
-CSqliteInter::CSqliteInter() : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false) {}
+CSqliteInter::CSqliteInter()
+    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_started(0), m_looks(0), m_taken(0),
+      m_tookTooMuch(false), m_overran(false)
+{}
 
 CSqliteInter::~CSqliteInter()
 {
@@ -64,11 +117,79 @@ int CSqliteInter::connect(const char* filename)
 {
     if (m_pSqlite)
         return 1;
-    if (sqlite3_open(filename, &m_pSqlite) == SQLITE_OK)
-        return 1;
-    m_pSqlite = nullptr; // a handle that comes with a failure is dropped, not closed; wanted
-    return 0;
+    if (sqlite3_open(filename, &m_pSqlite) != SQLITE_OK) {
+        m_pSqlite = nullptr; // a handle that comes with a failure is dropped, not closed; wanted
+        return 0;
+    }
+    sqlite3_progress_handler(m_pSqlite, STEPS_BETWEEN_CHECKS, &CSqliteInter::stopWhenSpent, this);
+    sqlite3_set_authorizer(m_pSqlite, &CSqliteInter::denyWhenSpent, this);
+    sqlite3_limit(m_pSqlite, SQLITE_LIMIT_LENGTH, static_cast<int>(smaller(VALUE + 2 * fileBytes(), MOST_VALUE)));
+    sqlite3_limit(m_pSqlite, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 1); // one LIKE may take for ever; no statement has one
+    return 1;
 }
+
+// --- the allowance ------------------------------------------------------------------------------------------------
+
+void CSqliteInter::startAllowance()
+{
+    m_started = threadTime();
+    m_looks = 0;
+    m_taken = 0;
+    m_tookTooMuch = false;
+}
+
+/// The size of the file, of what waits in its write-ahead log, and of the pages in memory, which a transaction may not
+/// have written yet.
+std::int64_t CSqliteInter::fileBytes() const
+{
+    const char* const name = m_pSqlite ? sqlite3_db_filename(m_pSqlite, "main") : nullptr;
+    if (!name)
+        return 0;
+    int cached = 0;
+    int highest = 0;
+    sqlite3_db_status(m_pSqlite, SQLITE_DBSTATUS_CACHE_USED, &cached, &highest, 0);
+    return sizeOf(name) + sizeOf(std::string(name) + "-wal") + cached;
+}
+
+std::int64_t CSqliteInter::mostRows() const
+{
+    return FEW_ROWS + fileBytes() / LEAST_ROW;
+}
+
+bool CSqliteInter::timeIsSpent()
+{
+    const std::int64_t taken = (threadTime() - m_started) * (m_overran ? LESS_TIME : 1);
+    if (taken <= TIME || taken <= smaller(TIME + fileBytes() / 1024 * (TIME_PER_MEGABYTE / 1024), MOST_TIME))
+        return false;
+    m_overran = true;
+    return true;
+}
+
+int CSqliteInter::stopWhenSpent(void* connection)
+{
+    return static_cast<CSqliteInter*>(connection)->timeIsSpent();
+}
+
+int CSqliteInter::denyWhenSpent(void* connection, int, const char*, const char*, const char*, const char*)
+{
+    CSqliteInter* const self = static_cast<CSqliteInter*>(connection);
+    ++self->m_looks;
+    const bool spent = self->m_looks > MOST_LOOKS || (self->m_looks % LOOKS_BETWEEN_CHECKS == 0 && self->timeIsSpent());
+    return spent ? SQLITE_DENY : SQLITE_OK;
+}
+
+/// The text of a column of the current row. An empty one where the statement has delivered too much; the next step then
+/// ends it.
+const char* CSqliteInter::takeText(int col)
+{
+    const unsigned char* const text = sqlite3_column_text(m_pStmt, col);
+    m_taken += FIELD + (text ? sqlite3_column_bytes(m_pStmt, col) : 0);
+    if (m_taken > TAKEN && m_taken > TAKEN + TAKEN_PER_BYTE * fileBytes())
+        m_tookTooMuch = m_readFailed = true;
+    return text && !m_tookTooMuch ? reinterpret_cast<const char*>(text) : "";
+}
+
+// --- connection and statements ------------------------------------------------------------------------------------
 
 void CSqliteInter::disconnect()
 {
@@ -132,6 +253,7 @@ int CSqliteInter::execSQL(const char* sql)
 {
     require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_EXEC_SQL);
     queryFilish();
+    startAllowance();
     if (sqlite3_exec(m_pSqlite, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execSQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, sqlite3_errmsg(m_pSqlite));
@@ -142,6 +264,7 @@ int CSqliteInter::querySQL(const char* sql)
 {
     require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_QUERY_SQL);
     queryFilish();
+    startAllowance();
     const char* rest = "";
     const int code = sqlite3_prepare_v2(m_pSqlite, sql, -1, &m_pStmt, &rest);
     m_readFailed = code != SQLITE_OK && code != SQLITE_ERROR;
@@ -156,6 +279,7 @@ int CSqliteInter::execBegin()
 {
     require(m_pSqlite, CONNECTED, IN_EXEC_BEGIN);
     queryFilish();
+    startAllowance();
     if (sqlite3_exec(m_pSqlite, "begin;", nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     // Names execSQL: the wording is kept.
@@ -167,6 +291,7 @@ int CSqliteInter::execCommit()
 {
     require(m_pSqlite, CONNECTED, IN_EXEC_COMMIT);
     queryFilish();
+    startAllowance();
     if (sqlite3_exec(m_pSqlite, "commit;", nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execCommit() ERROR\n err=[%s]\n", sqlite3_errmsg(m_pSqlite));
@@ -178,6 +303,7 @@ int CSqliteInter::execRollBack()
     if (!m_pStmt)
         return 1;
     queryFilish();
+    startAllowance();
     return sqlite3_exec(m_pSqlite, "ROLLBACK;", nullptr, nullptr, nullptr) == SQLITE_OK ? 0 : 1;
 }
 
@@ -204,8 +330,9 @@ const char* CSqliteInter::lastingCommits()
     return lastingCommits(sqlite3_libversion_number());
 }
 
-bool CSqliteInter::accepts(const char* sql) const
+bool CSqliteInter::accepts(const char* sql)
 {
+    startAllowance();
     sqlite3_stmt* statement = nullptr;
     const int code = m_pSqlite ? sqlite3_prepare_v2(m_pSqlite, sql, -1, &statement, nullptr) : SQLITE_MISUSE;
     sqlite3_finalize(statement);
@@ -215,6 +342,8 @@ bool CSqliteInter::accepts(const char* sql) const
 int CSqliteInter::queryStep()
 {
     if (!m_pStmt)
+        return 0;
+    if (m_tookTooMuch)
         return 0;
     const int code = sqlite3_step(m_pStmt);
     m_readFailed = code != SQLITE_ROW && code != SQLITE_DONE;
@@ -289,7 +418,7 @@ int CSqliteInter::getFieldStr(int col, std::string& out)
 {
     if (!m_pStmt)
         return 0;
-    out = columnText(m_pStmt, col);
+    out = takeText(col);
     return 1;
 }
 
@@ -297,7 +426,7 @@ int CSqliteInter::getFieldQStr(int col, QString& out)
 {
     if (!m_pStmt)
         return 0;
-    out = QString::fromUtf8(columnText(m_pStmt, col));
+    out = QString::fromUtf8(takeText(col));
     return 1;
 }
 

@@ -3,12 +3,17 @@
 // Order of calls for a query: querySQL, queryStep while it returns 1 (reading columns from 0 with getField...),
 // queryFilish. Starting another query or running any statement finalizes the open one.
 //
+// A file may hold views, triggers and computed columns that never end or never stop growing. So a statement gets an
+// allowance by the size of the file: of processor time, of delivered bytes, of looks at the schema. What a plain table
+// needs is a small part of it. A statement that takes more fails like one that the disk ended.
+//
 // No lock of its own: the owner serialises all calls. Return values differ by operation, see each.
 #ifndef SQLITE_INTER_H
 #define SQLITE_INTER_H
 
 #include <QString>
 
+#include <cstdint>
 #include <string>
 
 struct sqlite3;
@@ -100,15 +105,32 @@ public:
     /// The same for the SQLite that runs.
     static const char* lastingCommits();
 
+    /// The most rows that any table of the file can have: a larger count comes from a view and is nothing to take
+    /// memory for.
+    std::int64_t mostRows() const;
+
     /// Whether SQLite would take the (first) statement. Runs and prints nothing; an open query stays open.
-    bool accepts(const char* sql) const;
+    bool accepts(const char* sql);
 
 protected:
     sqlite3* m_pSqlite;    ///< null when not connected
     sqlite3_stmt* m_pStmt; ///< null when no query is open
 
 private:
+    static int stopWhenSpent(void* connection);
+    static int denyWhenSpent(void* connection, int, const char*, const char*, const char*, const char*);
+    void startAllowance();
+    bool timeIsSpent();
+    const char* takeText(int col);
+    std::int64_t fileBytes() const;
+
     bool m_readFailed;
+    // Of the current statement.
+    std::int64_t m_started; ///< in nanoseconds of the thread's processor time
+    int m_looks;            ///< at the schema
+    std::int64_t m_taken;   ///< bytes delivered
+    bool m_tookTooMuch;
+    bool m_overran; ///< some statement of this connection has
 };
 
 #endif

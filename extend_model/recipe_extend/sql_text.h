@@ -71,6 +71,14 @@ private:
     bool m_cut;
 };
 
+/// A statement that has no places to fill in.
+inline SqlText sqlText(const char* text)
+{
+    SqlText sql;
+    sql.add("%s", text);
+    return sql;
+}
+
 /// A statement from one template.
 template <typename... Arguments> SqlText sqlText(const char* pattern, Arguments... arguments)
 {
