@@ -31,6 +31,15 @@ if(RECIPE_SANITIZE)
     endif()
 endif()
 
+# The code under test tells a fuzzer which of its ways have been walked.
+if(RECIPE_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "The fuzzers need clang: cmake --preset fuzz")
+    endif()
+    add_compile_options(-fsanitize=fuzzer-no-link)
+    add_link_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # Qt's own headers are system headers and warn nobody.
 function(recipe_target target standard)
     if(QT_MAJOR EQUAL 6 AND standard LESS 17) # what Qt 6's headers ask for
