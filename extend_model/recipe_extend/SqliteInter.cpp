@@ -52,14 +52,25 @@ bool formatStatement(char (&buffer)[N], const char* pattern, const char* first, 
 const std::int64_t SECOND = 1000000000; // in nanoseconds
 const std::int64_t MEGABYTE = 1 << 20;
 
-/// Processor time, so that a slow card or a busy panel takes nothing from it. Reading a plain table of a megabyte takes
-/// some 30 ms of a desk's processor and a tenth of this of a slow panel's.
-const std::int64_t TIME = SECOND / 10;
-const std::int64_t TIME_PER_MEGABYTE = 4 * SECOND;
-/// Less from the second time on: a sheet tries again at every touch, and a plain table needs less still.
-const std::int64_t LESS_TIME = 4;
-const std::int64_t MOST_TIME = 60 * SECOND;
-const int STEPS_BETWEEN_CHECKS = 1000; // of SQLite's virtual machine
+/// Steps of SQLite's virtual machine: the same number for the same statement on every machine and under every load.
+/// Reading, writing or counting a plain table takes at most two steps for each byte of the file, and some hundred at
+/// least; the largest group (1900 items, 2000 recipes) takes eight million.
+const std::int64_t STEPS = 2000000;
+const std::int64_t STEPS_PER_BYTE = 128;
+const std::int64_t MOST_STEPS = 1000000000;
+const int STEPS_BETWEEN_CHECKS = 1000;
+
+/// Processor time of the thread, for few steps that take long (a function on a text of megabytes). Never meant to end
+/// what a slow processor does: reading a plain megabyte takes some 30 ms of a desk's, a second of a slow panel's.
+const std::int64_t TIME = 5 * SECOND;
+const std::int64_t TIME_PER_MEGABYTE = 20 * SECOND;
+const std::int64_t MOST_TIME = 600 * SECOND;
+
+/// A sheet tries again at every touch, so a file whose statement took too much gets less: a quarter of the steps, and
+/// a quarter of the time each time again, down to a 64th.
+const std::int64_t LESS_STEPS = 4;
+const int LESS_TIME_BITS = 2;
+const int LEAST_TIME_BITS = 6;
 
 /// A statement on the widest table (2000 columns) looks some 2000 times. Views that stand on views may look billions of
 /// times before the first row is asked for.
@@ -99,11 +110,33 @@ std::int64_t smaller(std::int64_t a, std::int64_t b)
     return a < b ? a : b;
 }
 
+double larger(double a, double b)
+{
+    return a > b ? a : b;
+}
+
+/// No statement of ours uses them, and with long texts one call may take for ever. Nothing can stop it once it runs.
+const char* const ENDLESS_FUNCTIONS[] = {"instr", "replace", "trim", "ltrim", "rtrim"};
+const int ANY_NUMBER_OF_ARGUMENTS[] = {-1, 1, 2, 3};
+
+void refuse(sqlite3_context* context, int, sqlite3_value**)
+{
+    sqlite3_result_error(context, "this function is not available", -1);
+}
+
+void refuseEndlessFunctions(sqlite3* file)
+{
+    for (const char* const name : ENDLESS_FUNCTIONS)
+        for (const int arguments : ANY_NUMBER_OF_ARGUMENTS)
+            sqlite3_create_function(file, name, arguments, SQLITE_UTF8, nullptr, &refuse, nullptr, nullptr);
+    sqlite3_limit(file, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 1); // LIKE and GLOB are such, too
+}
+
 } // namespace
 
 CSqliteInter::CSqliteInter()
-    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_started(0), m_looks(0), m_taken(0),
-      m_tookTooMuch(false), m_overran(false)
+    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_size(0), m_started(0), m_steps(0), m_changes(0),
+      m_looks(0), m_taken(0), m_tookTooMuch(false), m_overruns(0)
 {}
 
 CSqliteInter::~CSqliteInter()
@@ -122,17 +155,22 @@ int CSqliteInter::connect(const char* filename)
         return 0;
     }
     sqlite3_progress_handler(m_pSqlite, STEPS_BETWEEN_CHECKS, &CSqliteInter::stopWhenSpent, this);
+    sqlite3_update_hook(m_pSqlite, &CSqliteInter::countChange, this);
     sqlite3_set_authorizer(m_pSqlite, &CSqliteInter::denyWhenSpent, this);
     sqlite3_limit(m_pSqlite, SQLITE_LIMIT_LENGTH, static_cast<int>(smaller(VALUE + 2 * fileBytes(), MOST_VALUE)));
-    sqlite3_limit(m_pSqlite, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 1); // one LIKE may take for ever; no statement has one
+    refuseEndlessFunctions(m_pSqlite);
     return 1;
 }
 
 // --- the allowance ------------------------------------------------------------------------------------------------
 
+/// The size is taken before the statement: one that fills the file must not earn by it.
 void CSqliteInter::startAllowance()
 {
+    m_size = fileBytes();
     m_started = threadTime();
+    m_steps = 0;
+    m_changes = 0;
     m_looks = 0;
     m_taken = 0;
     m_tookTooMuch = false;
@@ -156,25 +194,54 @@ std::int64_t CSqliteInter::mostRows() const
     return FEW_ROWS + fileBytes() / LEAST_ROW;
 }
 
-bool CSqliteInter::timeIsSpent()
+std::int64_t CSqliteInter::allowedSteps() const
 {
-    const std::int64_t taken = (threadTime() - m_started) * (m_overran ? LESS_TIME : 1);
-    if (taken <= TIME || taken <= smaller(TIME + fileBytes() / 1024 * (TIME_PER_MEGABYTE / 1024), MOST_TIME))
+    return smaller(STEPS + m_size * STEPS_PER_BYTE, MOST_STEPS) / (m_overruns > 0 ? LESS_STEPS : 1);
+}
+
+/// No statement of ours writes more rows than there are.
+std::int64_t CSqliteInter::allowedChanges() const
+{
+    return FEW_ROWS + m_size / LEAST_ROW;
+}
+
+double CSqliteInter::spentShare() const
+{
+    return larger(double(m_steps) / double(allowedSteps()), double(m_changes) / double(allowedChanges()));
+}
+
+bool CSqliteInter::timeIsSpent() const
+{
+    const int bits = static_cast<int>(smaller(m_overruns * LESS_TIME_BITS, LEAST_TIME_BITS));
+    const std::int64_t taken = (threadTime() - m_started) << bits;
+    return taken > TIME && taken > smaller(TIME + m_size / 1024 * (TIME_PER_MEGABYTE / 1024), MOST_TIME);
+}
+
+bool CSqliteInter::spent()
+{
+    if (m_steps <= allowedSteps() && m_changes <= allowedChanges() && !timeIsSpent())
         return false;
-    m_overran = true;
+    ++m_overruns;
     return true;
 }
 
 int CSqliteInter::stopWhenSpent(void* connection)
 {
-    return static_cast<CSqliteInter*>(connection)->timeIsSpent();
+    CSqliteInter* const self = static_cast<CSqliteInter*>(connection);
+    self->m_steps += STEPS_BETWEEN_CHECKS;
+    return self->spent();
+}
+
+void CSqliteInter::countChange(void* connection, int, const char*, const char*, long long)
+{
+    ++static_cast<CSqliteInter*>(connection)->m_changes;
 }
 
 int CSqliteInter::denyWhenSpent(void* connection, int, const char*, const char*, const char*, const char*)
 {
     CSqliteInter* const self = static_cast<CSqliteInter*>(connection);
     ++self->m_looks;
-    const bool spent = self->m_looks > MOST_LOOKS || (self->m_looks % LOOKS_BETWEEN_CHECKS == 0 && self->timeIsSpent());
+    const bool spent = self->m_looks > MOST_LOOKS || (self->m_looks % LOOKS_BETWEEN_CHECKS == 0 && self->spent());
     return spent ? SQLITE_DENY : SQLITE_OK;
 }
 
@@ -184,7 +251,7 @@ const char* CSqliteInter::takeText(int col)
 {
     const unsigned char* const text = sqlite3_column_text(m_pStmt, col);
     m_taken += FIELD + (text ? sqlite3_column_bytes(m_pStmt, col) : 0);
-    if (m_taken > TAKEN && m_taken > TAKEN + TAKEN_PER_BYTE * fileBytes())
+    if (m_taken > TAKEN && m_taken > TAKEN + TAKEN_PER_BYTE * m_size)
         m_tookTooMuch = m_readFailed = true;
     return text && !m_tookTooMuch ? reinterpret_cast<const char*>(text) : "";
 }

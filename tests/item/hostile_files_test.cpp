@@ -314,6 +314,35 @@ TEST_F(HostileFile, WithViewsInPlaceOfItsTablesIsReadAllTheSame)
     EXPECT_EQ(sheet.getRowName(3), QStringLiteral("Item3"));
 }
 
+/// A read of such a view never came back, and took all memory where rows were counted first.
+TEST_F(HostileFile, WithTablesThatNeverEndGoesOnAllTheSame)
+{
+    const QString endless = QStringLiteral("WITH RECURSIVE r(x) AS (SELECT 0 UNION ALL SELECT x + 1 FROM r) SELECT ");
+    const QStringList columns = {
+        QStringLiteral("recipe_config AS %1-1 - x AS group_index, x, x, x, x FROM r"),
+        QStringLiteral("addr_0 AS %1-1 - x AS row_index, x, x, x, x, x, x FROM r"),
+        QStringLiteral("data_0 AS %1-1 - x AS column, x, x, x FROM r"),
+        QStringLiteral("lang_0 AS %1-1 - x AS type, x + 0 AS strIndex, x L0, x L1, x L2, x L3, x L4, x L5, x L6, x L7 "
+                       "FROM r"),
+    };
+    for (const QString& view : columns) {
+        const QString table = view.left(view.indexOf(QLatin1Char(' ')));
+        SCOPED_TRACE(table.toStdString());
+        writeDamaged(QStringLiteral("DROP TABLE %1; CREATE VIEW %2").arg(table, view.arg(endless)));
+        const qint64 before = peakMemory();
+        RecipeSheetItems& sheet = startAndUse();
+        EXPECT_LT(peakMemory() - before, 200 * MEGABYTE);
+        if (table == QStringLiteral("lang_0")) {
+            EXPECT_EQ(firstText(1, 2), QStringLiteral("2001"));
+        } else {
+            EXPECT_EQ(firstText(0, 0), table == QStringLiteral("recipe_config") ? QStringLiteral("ERROR") : QString());
+        }
+        destroySheet(sheet);
+        RecipeDB::getInstance()->CloseRecipeFile();
+        QFile::remove(recipeFile());
+    }
+}
+
 // --- contents ----------------------------------------------------------------------------------------------------
 
 TEST_F(HostileFile, WithNullWhereTextIsExpectedShowsEmptyTexts)
