@@ -47,6 +47,35 @@ const std::vector<Damage> CORPUS = {
     {"RegisterTypeIsLong",
      "UPDATE addr_0 SET address = 'a,1,2,ddddddddddddddddddddddddddddddddd,5,0' WHERE row_index = 3", "register-type",
      "group 0 \"Bakery line\", item 3 \"Salt kg\": The register type", true},
+    {"ItemsHaveOneAddress",
+     "UPDATE addr_0 SET address = (SELECT address FROM addr_0 WHERE row_index = 3) WHERE row_index = 5",
+     "shared-register",
+     "group 0 \"Bakery line\", item 5 \"Kneading slow s\": It shares the register \"D 106\" of \"Bakery controller\" "
+     "with "
+     "item 3 \"Salt kg\"",
+     false},
+    {"ItemReachesIntoTheNext", "UPDATE addr_0 SET datatype = 3 WHERE row_index = 3", "shared-register",
+     "group 0 \"Bakery line\", item 4 \"Yeast kg\": It shares the register \"D 107\" of \"Bakery controller\" with "
+     "item 3 "
+     "\"Salt kg\"",
+     false},
+    {"TextReachesIntoAnItemBefore",
+     "UPDATE addr_0 SET address = replace(address, ',D,108,', ',D,121,') WHERE row_index = 5", "shared-register",
+     "group 0 \"Bakery line\", item 12 \"Product code\": It shares the register \"D 121\" of \"Bakery controller\" "
+     "with "
+     "item 5 \"Kneading slow s\"",
+     false},
+    {"NotificationLiesInAnItem", "UPDATE recipe_config SET notify_addr = 'Bakery controller,1,0,D,117,0'",
+     "shared-register",
+     "group 0 \"Bakery line\": Its notification shares the register \"D 117\" of \"Bakery controller\" with item 12 "
+     "\"Product code\"",
+     false},
+    {"ItemsHaveOneNameForTheirRegister",
+     "UPDATE addr_0 SET address = 'Bakery controller,1,0,DB,W10,0' WHERE row_index IN (3, 5)", "shared-register",
+     "group 0 \"Bakery line\", item 5 \"Kneading slow s\": It shares the register \"DB W10\" of \"Bakery controller\" "
+     "with "
+     "item 3 \"Salt kg\"",
+     false},
     {"DataTypeIsText", "UPDATE addr_0 SET datatype = 'float' WHERE row_index = 3", "data-type",
      "group 0 \"Bakery line\", item 3 \"Salt kg\": Its data type is \"float\".", true},
     {"LimitsAreCrossed", "UPDATE addr_0 SET min = 30 WHERE row_index = 3", "limits-crossed",
@@ -153,6 +182,18 @@ TEST_F(Check, FindsNothingInGoodFiles)
     EXPECT_EQ(result.err, "recipe-file: r.db3: 0 faults, 0 warnings.\n");
     ASSERT_EQ(run({"generate", "--items", "300", "--recipes", "70", "g.db3"}).code, 0);
     EXPECT_EQ(run({"check", "g.db3"}).err, "recipe-file: g.db3: 0 faults, 0 warnings.\n");
+}
+
+TEST_F(Check, TellsOfNoSharedRegisterWhereDeviceStationOrAreaDiffer)
+{
+    sql("r.db3", "UPDATE addr_0 SET address = 'Bakery controller,1,0,D,106,0';"
+                 "UPDATE addr_0 SET address = 'Other controller,1,0,D,106,0' WHERE row_index = 4;"
+                 "UPDATE addr_0 SET address = 'Bakery controller,2,0,D,106,0' WHERE row_index = 5;"
+                 "UPDATE addr_0 SET address = 'Bakery controller,1,0,R,106,0' WHERE row_index = 6;");
+    const Outcome result = run({"check", "r.db3"});
+    for (const char* item : {"item 4 ", "item 5 ", "item 6 "})
+        EXPECT_EQ(result.out.find(item), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("0 faults, 9 warnings"), std::string::npos) << result.out;
 }
 
 TEST_F(Check, ReportsAllDamageAtOnce)

@@ -44,8 +44,10 @@ void GroupChecker::run()
         readTitles();
     checkConfig();
     m_hasItems = checkTable("addr_", ITEM_COLUMNS);
-    if (m_hasItems)
+    if (m_hasItems) {
         checkItems();
+        checkRegisters();
+    }
     if (checkTable("data_", {"column"}))
         checkRecipes();
     if (m_hasTitles)

@@ -34,6 +34,9 @@ private:
     void checkAddress(const std::string& place, const std::string& address, const std::string& what);
     void checkLimits(const std::string& place, const recipeItemInfo_t& item);
 
+    // check_registers.cpp
+    void checkRegisters();
+
     // check_values.cpp
     void checkRecipes();
     void checkValueColumns();
