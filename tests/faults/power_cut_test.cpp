@@ -47,11 +47,24 @@ TEST_F(PowerCut, AtAnyMomentOfADeleteInALargerGroupLeavesItWhollyOldOrWhollyNew)
     cutEverywhere(deleteJob(0), false);
 }
 
-/// RECIPE_CUTS=400 tries more of them (some seconds each).
-TEST_F(PowerCut, AtASampleOfMomentsInALargeGroupLeavesItWhollyOldOrWhollyNew)
+// Here RECIPE_CUTS=300 tries more of them (some seconds each).
+
+TEST_F(PowerCut, AtASampleOfMomentsOfASaveInALargeGroupLeavesEachCellOldOrNew)
 {
     prepare(1000, 1000);
-    cutSome(addJob(500), 8);
+    cutSome(saveJob(20, 2));
+}
+
+TEST_F(PowerCut, AtASampleOfMomentsOfAnAddInALargeGroupLeavesItWhollyOldOrWhollyNew)
+{
+    prepare(1000, 1000);
+    cutSome(addJob(500));
+}
+
+TEST_F(PowerCut, AtASampleOfMomentsOfADeleteInALargeGroupLeavesItWhollyOldOrWhollyNew)
+{
+    prepare(1000, 1000);
+    cutSome(deleteJob(500));
 }
 
 } // namespace

@@ -13,8 +13,8 @@ class PowerCuts : public StorageJobs
 protected:
     /// Every cut, with every kind of survival and the same job again afterwards, or with one kind in turn.
     void cutEverywhere(const StorageJob& job, bool thoroughly);
-    /// A seeded sample of the cuts. RECIPE_CUTS tells how many in place of `sample`.
-    void cutSome(const StorageJob& job, int sample);
+    /// A seeded sample of the cuts; RECIPE_CUTS tells how many.
+    void cutSome(const StorageJob& job);
 
 private:
     bool cutAt(const StorageJob& job, int n, FaultVfs::Survival survival, unsigned seed);
