@@ -164,10 +164,9 @@ int CSqliteInter::connect(const char* filename)
 
 // --- the allowance ------------------------------------------------------------------------------------------------
 
-/// The size is taken before the statement: one that fills the file must not earn by it.
 void CSqliteInter::startAllowance()
 {
-    m_size = fileBytes();
+    m_size = -1;
     m_started = threadTime();
     m_steps = 0;
     m_changes = 0;
@@ -194,15 +193,22 @@ std::int64_t CSqliteInter::mostRows() const
     return FEW_ROWS + fileBytes() / LEAST_ROW;
 }
 
+std::int64_t CSqliteInter::size() const
+{
+    if (m_size < 0)
+        m_size = fileBytes();
+    return m_size;
+}
+
 std::int64_t CSqliteInter::allowedSteps() const
 {
-    return smaller(STEPS + m_size * STEPS_PER_BYTE, MOST_STEPS) / (m_overruns > 0 ? LESS_STEPS : 1);
+    return smaller(STEPS + size() * STEPS_PER_BYTE, MOST_STEPS) / (m_overruns > 0 ? LESS_STEPS : 1);
 }
 
 /// No statement of ours writes more rows than there are.
 std::int64_t CSqliteInter::allowedChanges() const
 {
-    return FEW_ROWS + m_size / LEAST_ROW;
+    return FEW_ROWS + size() / LEAST_ROW;
 }
 
 double CSqliteInter::spentShare() const
@@ -214,12 +220,15 @@ bool CSqliteInter::timeIsSpent() const
 {
     const int bits = static_cast<int>(smaller(m_overruns * LESS_TIME_BITS, LEAST_TIME_BITS));
     const std::int64_t taken = (threadTime() - m_started) << bits;
-    return taken > TIME && taken > smaller(TIME + m_size / 1024 * (TIME_PER_MEGABYTE / 1024), MOST_TIME);
+    return taken > TIME && taken > smaller(TIME + size() / 1024 * (TIME_PER_MEGABYTE / 1024), MOST_TIME);
 }
 
 bool CSqliteInter::spent()
 {
-    if (m_steps <= allowedSteps() && m_changes <= allowedChanges() && !timeIsSpent())
+    // The first comparison of each spares the look at the file.
+    const bool tooManySteps = m_steps > STEPS / LESS_STEPS && m_steps > allowedSteps();
+    const bool tooManyChanges = m_changes > FEW_ROWS && m_changes > allowedChanges();
+    if (!tooManySteps && !tooManyChanges && !timeIsSpent())
         return false;
     ++m_overruns;
     return true;
@@ -251,7 +260,7 @@ const char* CSqliteInter::takeText(int col)
 {
     const unsigned char* const text = sqlite3_column_text(m_pStmt, col);
     m_taken += FIELD + (text ? sqlite3_column_bytes(m_pStmt, col) : 0);
-    if (m_taken > TAKEN && m_taken > TAKEN + TAKEN_PER_BYTE * m_size)
+    if (m_taken > TAKEN && m_taken > TAKEN + TAKEN_PER_BYTE * size())
         m_tookTooMuch = m_readFailed = true;
     return text && !m_tookTooMuch ? reinterpret_cast<const char*>(text) : "";
 }
@@ -321,6 +330,7 @@ int CSqliteInter::execSQL(const char* sql)
     require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_EXEC_SQL);
     queryFilish();
     startAllowance();
+    size(); // before the statement: one that fills the file must not earn by it
     if (sqlite3_exec(m_pSqlite, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execSQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, sqlite3_errmsg(m_pSqlite));

@@ -127,6 +127,7 @@ private:
     static void countChange(void* connection, int, const char*, const char*, long long);
     static int denyWhenSpent(void* connection, int, const char*, const char*, const char*, const char*);
     void startAllowance();
+    std::int64_t size() const;
     bool spent();
     bool timeIsSpent() const;
     std::int64_t allowedSteps() const;
@@ -136,7 +137,8 @@ private:
 
     bool m_readFailed;
     // Of the current statement.
-    std::int64_t m_size;    ///< what fileBytes() was before it
+    /// What fileBytes() was before it. -1: not asked yet, and it cannot write; few statements need it.
+    mutable std::int64_t m_size;
     std::int64_t m_started; ///< in nanoseconds of the thread's processor time
     std::int64_t m_steps;   ///< of SQLite's machine
     std::int64_t m_changes; ///< rows written, by triggers too
