@@ -33,6 +33,11 @@ const std::vector<Damage> CORPUS = {
      "group 0 \"Bakery line\": The table addr_0 is missing.", true},
     {"DataTableIsMissing", "DROP TABLE data_0", "missing-table",
      "group 0 \"Bakery line\": The table data_0 is missing.", true},
+    // Was read all the same, and its rows never ended.
+    {"DataTableIsAnEndlessView",
+     "DROP TABLE data_0; CREATE VIEW data_0 AS WITH RECURSIVE r(x) AS (SELECT 0 UNION ALL SELECT x + 1 FROM r) "
+     "SELECT x AS column FROM r",
+     "missing-table", "group 0 \"Bakery line\": The table data_0 is missing.", true},
     {"TitleTableIsMissing", "DROP TABLE lang_0", "missing-table", "group 0: The table lang_0 is missing.", true},
     {"TablesOfNoGroup", "CREATE TABLE data_7 (column INTEGER)", "stray-table",
      "The table data_7 belongs to a group that recipe_config does not list.", true},
