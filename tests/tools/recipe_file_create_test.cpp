@@ -202,3 +202,11 @@ TEST_F(Create, SaysThatTheDiskIsFullAndLeavesNothing)
     EXPECT_NE(result.err.find("recipe-file: Cannot write r.db3: "), std::string::npos) << result.err;
     EXPECT_EQ(files(), Words{"d.json"});
 }
+
+TEST_F(Create, NeverReplacesItsOwnDescription)
+{
+    write("d.json", "{}");
+    EXPECT_EQ(run({"create", "--force", "d.json", "./d.json"}).err,
+              "recipe-file: d.json and ./d.json are the same file.\n");
+    EXPECT_EQ(read("d.json"), "{}");
+}

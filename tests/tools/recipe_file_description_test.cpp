@@ -141,7 +141,8 @@ const std::vector<Fault> FAULTS = {
     {"ValueNotFinite", "[21.5,", "[\"inf\",",
      "groups[0].recipes[0].values[0]: " + RECIPE + "values[0] is \"inf\", expected a number for item 0 \"Heat\"."},
     {"ValueWithACommaForItsPoint", "[21.5,", "[\"21,5\",",
-     "groups[0].recipes[0].values[0]: " + RECIPE + "values[0] is \"21,5\", expected a number for item 0 \"Heat\"."},
+     "groups[0].recipes[0].values[0]: " + RECIPE
+         + "values[0] is \"21,5\", expected a number with \".\" as its decimal mark for item 0 \"Heat\"."},
     {"ValueWithTooManyDecimals", "[21.5,", "[21.55,",
      "groups[0].recipes[0].values[0]: " + RECIPE
          + "values[0] is 21.55, expected at most 1 decimal for item 0 \"Heat\"."},

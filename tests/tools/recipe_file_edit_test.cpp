@@ -407,3 +407,10 @@ TEST_F(Edit, WorksOnTheWidestGroup)
     EXPECT_EQ(run({"diff", "wide.db3", "-"}, sheet.out).code, 0);
     EXPECT_EQ(run({"check", "wide.db3"}).code, 0);
 }
+
+TEST_F(Edit, SpeaksOnlyOfWhatWasAskedFor)
+{
+    EXPECT_EQ(run({"set", "r.db3", "3", "1", "80.5", "--dry-run"}).err.find("not mentioned"), std::string::npos);
+    EXPECT_NE(run({"set", "r.db3", "3", "1", "1,5"}).err.find("expected a number with \".\" as its decimal mark."),
+              std::string::npos);
+}

@@ -331,3 +331,38 @@ TEST_F(CommandLine, ShowsProgressOfLongWorkOnATerminalOnly)
     EXPECT_EQ(terminal.out.find('\x1b'), std::string::npos) << "no colours, no cursor tricks";
     EXPECT_EQ(runShell(work).err, "recipe-file: wrote group 0 (1900 items, 2000 recipes, seed 1) to xl.db3\n");
 }
+
+TEST_F(CommandLine, OffersTheNearestCommandBehindOptionsAndBehindTitles)
+{
+    EXPECT_EQ(run({"titles", "exprt", "r.db3"}).err,
+              "recipe-file: There is no command \"titles exprt\", did you mean \"export\"?\n");
+    EXPECT_NE(run({"--json", "improt"}).out.find("did you mean \\\"import\\\"?"), std::string::npos);
+    EXPECT_EQ(run({"titles", "qqq"}).err,
+              "recipe-file: There is no command \"titles qqq\"; see recipe-file titles --help.\n");
+}
+
+TEST_F(CommandLine, SaysWhenStandardOutputTakesNothing)
+{
+    ASSERT_EQ(run({"create", bakery(), "b.db3"}).code, 0);
+    const std::string name = program().toStdString();
+    for (const char* command : {"show b.db3", "export b.db3", "info --json b.db3", "--help"}) {
+        const Outcome full = runShell(name + ' ' + command + " >/dev/full");
+        EXPECT_EQ(full.code, 3) << command;
+        EXPECT_EQ(full.err, "recipe-file: Cannot write to standard output: No space left on device.\n") << command;
+    }
+    EXPECT_EQ(runShell(name + " export b.db3 >&-").code, 3);
+    EXPECT_EQ(runShell(name + " get b.db3 nothing 0 >/dev/full").code, 2) << "the first failure counts";
+}
+
+// The next file that was opened got the closed number, and the talk.
+TEST_F(CommandLine, KeepsFilesFreeOfTalkWhereStandardErrorIsClosed)
+{
+    ASSERT_EQ(run({"create", bakery(), "b.db3"}).code, 0);
+    const std::string before = dump("b.db3");
+    const std::string name = program().toStdString();
+    EXPECT_EQ(runShell(name + " export b.db3 b.csv 0<&- 1>&- 2>&-").code, 0);
+    EXPECT_EQ(read("b.csv"), run({"export", "b.db3"}).out);
+    EXPECT_EQ(runShell(name + " set b.db3 0 1 94 0<&- 1>&- 2>&-").code, 0);
+    EXPECT_EQ(runShell(name + " set b.db3 0 1 93 0<&- 1>&- 2>&-").code, 0);
+    EXPECT_EQ(dump("b.db3"), before);
+}

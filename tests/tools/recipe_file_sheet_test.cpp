@@ -114,11 +114,48 @@ TEST_F(Sheet, AsJsonMakesTheSameFileAgain)
 TEST_F(Sheet, IsTheSameInEveryLocale)
 {
     const std::string plain = run({"export", "r.db3"}).out;
-    for (const char* locale : {"C", "de_DE.UTF-8", "fr_FR.UTF-8", "tr_TR.UTF-8"}) {
-        const Words environment = {std::string("LC_ALL=") + locale, std::string("LANG=") + locale};
-        EXPECT_EQ(runWith(environment, {"export", "r.db3"}).out, plain) << locale;
-        EXPECT_EQ(runWith(environment, {"diff", "r.db3", "-"}, plain).code, 0) << locale;
+    const std::string shown = run({"show", "r.db3"}).out;
+    const std::string json = run({"export", "--json", "r.db3"}).out;
+    const std::string changed = edited("-1.50,0.00", "-2.5,0.00");
+    for (const std::string locale : {"de_DE", "fr_FR", "tr_TR", "C"}) {
+        SCOPED_TRACE(locale);
+        Words environment = {"LC_ALL=" + locale, "LANG=" + locale};
+        if (locale != "C") {
+            const std::string name = locale + ".UTF-8";
+            ASSERT_EQ(runShell("mkdir -p locales && localedef -i " + locale + " -f UTF-8 ./locales/" + name).code, 0)
+                << "locales cannot be made here (Debian package locales)";
+            environment = {"LOCPATH=" + path("locales").toStdString(), "LC_ALL=" + name, "LANG=" + name};
+            ASSERT_EQ(runShell("LOCPATH=locales LC_ALL=" + name + " bash -c 'printf %.1f 1,5'").out, "1,5");
+        }
+        EXPECT_EQ(runWith(environment, {"export", "r.db3"}).out, plain);
+        EXPECT_EQ(runWith(environment, {"show", "r.db3"}).out, shown);
+        EXPECT_EQ(runWith(environment, {"export", "--json", "r.db3"}).out, json);
+        EXPECT_EQ(runWith(environment, {"diff", "r.db3", "-"}, plain).code, 0);
+        EXPECT_EQ(runWith(environment, {"import", "r.db3", "-"}, changed).code, 0);
+        EXPECT_EQ(query("r.db3", "SELECT D0 FROM data_2 WHERE column = 0"), Words{"-2.5"});
+        EXPECT_EQ(runWith(environment, {"set", "r.db3", "0", "0", "--", "-1.5"}).code, 0);
+        EXPECT_EQ(run({"export", "r.db3"}).out, plain);
     }
+}
+
+TEST_F(Sheet, NeverTakesThePlaceOfARecipeFile)
+{
+    const std::string before = dump("r.db3");
+    const std::string refused =
+        "recipe-file: r.db3 is a recipe file; a sheet does not take its place. Give another name.\n";
+    EXPECT_EQ(run({"export", "--force", "r.db3", "r.db3"}).err, refused);
+    EXPECT_EQ(run({"export", "--force", "r.db3", "./r.db3", "--format", "json"}).code, 2);
+    EXPECT_EQ(run({"titles", "export", "--force", "r.db3", "r.db3"}).err, refused);
+    EXPECT_EQ(run({"generate", "--description", "--force", "--items", "2", "--recipes", "2", "r.db3"}).err, refused);
+    EXPECT_EQ(dump("r.db3"), before);
+}
+
+TEST_F(Sheet, WithoutValuesIsToldSo)
+{
+    const Outcome outcome = run({"import", "r.db3", "-"}, "Item,Name,A\r\n,Recipe,0\r\n");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err.substr(0, outcome.err.find('\n')),
+              "recipe-file: Nothing changes: the input says nothing about this group.");
 }
 
 TEST_F(Sheet, IsShownBeforeItIsWritten)
@@ -184,7 +221,8 @@ TEST_F(Sheet, WithErrorsIsRefusedWholeWithEveryPlace)
         "expected a number.\n"
         "recipe-file: -, row 3, column 4 (D): recipe 1 \"=B\", item 0 \"Level, \"upper\"\": the value is "
         "\"0.001\", expected at most 2 decimals.\n"
-        "recipe-file: -, row 3, column 5 (E): the value is \"1,5\", expected a number with \".\" as its decimal "
+        "recipe-file: -, row 3, column 5 (E): recipe 2 \"A\", item 0 \"Level, \"upper\"\": the value is \"1,5\", "
+        "expected a number with \".\" as its decimal "
         "mark (see --decimal).\n"
         "recipe-file: -, row 5, column 3 (C): recipe 0 \"A\", item 2 \"Count\": the value is missing, expected a "
         "number.\n"
@@ -239,9 +277,15 @@ TEST_F(Sheet, ThatIsNoneIsToldSo)
 {
     EXPECT_EQ(run({"import", "r.db3", "-"}, "a,b\r\n").err,
               "recipe-file: - does not start with the fields Item and Name, as an export does.\n");
-    EXPECT_EQ(run({"import", "r.db3", "-"}, "Item;Name;A\r\n").err,
-              "recipe-file: - does not start with the fields Item and Name, as an export does; another --delimiter may "
-              "be needed.\n");
+    EXPECT_EQ(
+        run({"import", "r.db3", "-"}, "Item;Name;A\r\n").err,
+        "recipe-file: - has \";\" between its fields; give --delimiter \";\", and --decimal , where numbers have a "
+        "comma.\n");
+    EXPECT_EQ(run({"import", "r.db3", "-"}, "\xEF\xBB\xBF\"Item\"\tName\tA\r\n").err,
+              "recipe-file: - has tabs between its fields; give --delimiter tab, and --decimal , where numbers have a "
+              "comma.\n");
+    EXPECT_EQ(run({"titles", "import", "--delimiter", "tab", "r.db3", "-"}, "Kind,Number,A\r\n").err,
+              "recipe-file: - has \",\" between its fields; give --delimiter , or none.\n");
     EXPECT_EQ(run({"import", "r.db3", "-"}, "Item,Name,\xFC\r\n").err,
               "recipe-file: - is not in UTF-8; save it as UTF-8 first.\n");
     EXPECT_EQ(run({"import", "r.db3", "-"}, "Item,Name,\"A\r\n").code, 2);

@@ -3,6 +3,7 @@
 #include "commands.h"
 #include "console.h"
 #include "json_document.h"
+#include "new_file.h"
 #include "outcome.h"
 #include "recipe_records.h"
 #include "suggest.h"
@@ -18,6 +19,7 @@ const char EXIT_CODES[] = "Exit codes:\n"
                           "  0  done; no difference, no fault\n"
                           "  1  diff found differences, check found faults\n"
                           "  2  not done: command line, file or input; nothing was changed\n"
+                          "  3  done, but the result could not be written to standard output\n"
                           "\n"
                           "Data goes to standard output, everything else to standard error.";
 
@@ -58,20 +60,25 @@ int reportFailure(const ToolError& error, bool json)
     return EXIT_FAILED;
 }
 
-/// What is nearest to a command that does not exist.
-void refuseUnknownCommand(const CLI::App& app, int argc, char** argv)
+/// What is nearest to a command that does not exist. `path` is "titles " for the commands behind titles.
+void refuseUnknownCommand(const CLI::App& app, char** word, char** end, const std::string& path)
 {
-    if (argc < 2 || argv[1][0] == '-')
-        return; // an option of the program itself
+    while (word != end && (*word)[0] == '-')
+        ++word; // options in front of it have no value
+    if (word == end)
+        return;
     std::vector<std::string> names;
-    for (const CLI::App* command : app.get_subcommands({}))
-        names.push_back(command->get_name());
-    for (const std::string& name : names) {
-        if (name == argv[1])
+    for (const CLI::App* command : app.get_subcommands({})) {
+        if (command->get_name() == *word) {
+            if (!command->get_subcommands({}).empty())
+                refuseUnknownCommand(*command, word + 1, end, path + *word + ' ');
             return;
+        }
+        names.push_back(command->get_name());
     }
-    const std::string hint = didYouMean(argv[1], names);
-    throw ToolError("There is no command " + quoted(argv[1]) + (hint.empty() ? "; see recipe-file --help." : hint));
+    const std::string hint = didYouMean(*word, names);
+    throw ToolError("There is no command " + quoted(path + *word)
+                    + (hint.empty() ? "; see recipe-file " + path + "--help." : hint));
 }
 
 /// The command that was chosen, the inner one of two.
@@ -111,7 +118,7 @@ std::string refusal(const CLI::App& app, const CLI::ParseError& error, int argc,
 
 int parseAndRun(CLI::App& app, Session& session, int argc, char** argv)
 {
-    refuseUnknownCommand(app, argc, argv);
+    refuseUnknownCommand(app, argv + 1, argv + argc, std::string());
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -120,6 +127,16 @@ int parseAndRun(CLI::App& app, Session& session, int argc, char** argv)
         throw ToolError(refusal(app, error, argc, argv));
     }
     return session.action();
+}
+
+/// A result that nobody got is no success.
+int told(int code)
+{
+    const int failure = finishData();
+    if (failure == 0 || code == EXIT_FAILED)
+        return code;
+    say("Cannot write to standard output: " + systemMessage(failure) + '.');
+    return EXIT_UNTOLD;
 }
 
 } // namespace
@@ -144,8 +161,19 @@ void addFileOptions(CLI::App* command, FileOptions& options, bool withGroup)
         ->check(CLI::Range(0.0, 3600.0));
 }
 
+void addDelimiterOption(CLI::App* command, std::string& delimiter)
+{
+    const auto check = [](const std::string& given) {
+        return given == "," || given == ";" || given == "tab" ? std::string()
+                                                              : quoted(given) + " is none of , ; and tab";
+    };
+    command->add_option("--delimiter", delimiter, "Between CSV fields: , ; or tab (default ,)")
+        ->check(CLI::Validator(check, std::string(), "delimiter"));
+}
+
 int runApplication(int argc, char** argv)
 {
+    occupyStandardDescriptors();
     CLI::App app("Prepare, look at, move and check recipe files.", "recipe-file");
     app.set_version_flag("--version", "recipe-file " RECIPE_FILE_VERSION);
     app.require_subcommand(1);
@@ -163,7 +191,7 @@ int runApplication(int argc, char** argv)
     addCheck(app, session);
     addCompletion(app, session);
     try {
-        return parseAndRun(app, session, argc, argv);
+        return told(parseAndRun(app, session, argc, argv));
     } catch (const ToolError& error) {
         return reportFailure(error, asksForJson(argc, argv));
     } catch (const std::exception& error) {

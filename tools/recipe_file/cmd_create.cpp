@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -46,6 +47,9 @@ Json report(const Description& description, const Options& options)
 
 int create(const Options& options, bool json)
 {
+    std::error_code ignored;
+    if (std::filesystem::equivalent(options.description, options.file, ignored))
+        throw ToolError(options.description + " and " + options.file + " are the same file.");
     const Description description = readDescription(readWholeFile(options.description), options.description);
     write(description, options);
     if (json) {

@@ -40,7 +40,8 @@ int finish(EditSession& session, const recipeTableInfo_t& group, const InputReci
     Input input;
     input.name = "the command line";
     input.recipes.push_back(recipe);
-    const ChangeSet changes = compare(session.database(), group, input, options.strict);
+    ChangeSet changes = compare(session.database(), group, input, options.strict);
+    changes.onlyInFile.clear(); // nobody expects the other recipes to be mentioned here
     return finishEdit(session, group, changes, {input.name, options.dryRun, json});
 }
 

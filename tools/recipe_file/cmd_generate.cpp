@@ -7,6 +7,7 @@
 #include "new_file.h"
 #include "recipe_limits.h"
 #include "recipe_writer.h"
+#include "sheet_input.h"
 
 #include <CLI/CLI.hpp>
 
@@ -51,6 +52,7 @@ void writeDescription(const Generator& generator, const Options& options)
         printData(text);
         return;
     }
+    refuseOverRecipeFile(options.file);
     NewFile file(options.file, options.force);
     std::ofstream out(file.path(), std::ios::binary);
     if (!(out << text) || (out.close(), out.fail()))

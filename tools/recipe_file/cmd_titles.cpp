@@ -9,6 +9,7 @@
 #include "new_file.h"
 #include "outcome.h"
 #include "recipe_limits.h"
+#include "sheet_input.h"
 #include "text_table.h"
 
 #include <CLI/CLI.hpp>
@@ -73,6 +74,7 @@ int exportTitles(const Options& options, bool json)
         printData(text);
         return EXIT_DONE;
     }
+    refuseOverRecipeFile(options.sheet);
     NewFile file(options.sheet, options.force);
     std::ofstream out(file.path(), std::ios::binary);
     out << text;
@@ -85,6 +87,13 @@ int exportTitles(const Options& options, bool json)
     else
         say("wrote the titles of " + groupLabel(group) + " to " + options.sheet);
     return EXIT_DONE;
+}
+
+std::vector<CsvRow> sheetRows(const Options& options)
+{
+    const std::string text = readWholeFile(options.sheet);
+    refuseOtherDelimiter(text, options.separator(), options.sheet, "Kind");
+    return readCsv(text, options.separator(), options.sheet);
 }
 
 struct TitleEdit
@@ -104,8 +113,7 @@ public:
 
     std::vector<TitleEdit> read(int group)
     {
-        const std::vector<CsvRow> rows =
-            readCsv(readWholeFile(m_options.sheet), m_options.separator(), m_options.sheet);
+        const std::vector<CsvRow> rows = sheetRows(m_options);
         if (rows.empty() || rows[0].size() < 3 || rows[0][0] != "Kind" || rows[0][1] != "Number")
             throw ToolError(m_options.sheet
                             + " does not start with the fields Kind and Number, as titles export writes.");
@@ -221,15 +229,11 @@ void addTitleCommands(CLI::App& app, Session& session)
     titles->require_subcommand(1);
     titles->footer("Example:\n  recipe-file titles export bakery.db3 titles.csv");
     const auto options = std::make_shared<Options>();
-    const auto delimiter = [options](CLI::App* command) {
-        command->add_option("--delimiter", options->delimiter, "Between CSV fields: , ; or tab (default ,)")
-            ->check(CLI::IsMember({",", ";", "tab"}));
-    };
     CLI::App* out = addCommand(*titles, session, "export", "Write all titles of a group",
                                "recipe-file titles export bakery.db3 titles.csv");
     addFileOptions(out, *options);
     out->add_option("SHEET", options->sheet, "The file to write; standard output without it");
-    delimiter(out);
+    addDelimiterOption(out, options->delimiter);
     out->add_flag("--force", options->force, "Replace an existing sheet");
     out->callback(
         [options, &session] { session.action = [options, &session] { return exportTitles(*options, session.json); }; });
@@ -238,7 +242,7 @@ void addTitleCommands(CLI::App& app, Session& session)
                               "recipe-file titles import --dry-run bakery.db3 titles.csv");
     addFileOptions(in, *options);
     in->add_option("SHEET", options->sheet, "The sheet; - reads standard input")->required();
-    delimiter(in);
+    addDelimiterOption(in, options->delimiter);
     in->add_flag("--dry-run", options->dryRun, "Show what would change, change nothing");
     in->callback(
         [options, &session] { session.action = [options, &session] { return importTitles(*options, session.json); }; });

@@ -70,6 +70,7 @@ void writeSheet(Database& database, const recipeTableInfo_t& group, const Option
 
 void exportToFile(Database& database, const recipeTableInfo_t& group, const Options& options, bool json)
 {
+    refuseOverRecipeFile(options.other);
     NewFile file(options.other, options.force);
     std::ofstream out(file.path(), std::ios::binary);
     Progress progress("pieces", group.items.size());
@@ -275,8 +276,7 @@ int diff(const Options& options, bool json)
 
 void addSheetOptions(CLI::App* command, Options& options)
 {
-    command->add_option("--delimiter", options.delimiter, "Between CSV fields: , ; or tab (default ,)")
-        ->check(CLI::IsMember({",", ";", "tab"}));
+    addDelimiterOption(command, options.delimiter);
     command->add_option("--decimal", options.decimal, "Decimal mark of CSV numbers: . or , (default .)")
         ->check(CLI::IsMember({".", ","}));
 }

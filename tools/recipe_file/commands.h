@@ -37,6 +37,9 @@ struct FileOptions
 };
 void addFileOptions(CLI::App* command, FileOptions& options, bool withGroup = true);
 
+/// --delimiter: what stands between the fields of a CSV.
+void addDelimiterOption(CLI::App* command, std::string& delimiter);
+
 /// A command with its --json option and its example.
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name, const std::string& purpose,
                      const std::string& example);

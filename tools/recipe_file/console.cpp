@@ -1,14 +1,18 @@
 #include "console.h"
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
 const long long QUIET_MS = 500; // shorter work needs no progress
 const long long REDRAW_MS = 100;
+
+int dataFailure = 0; ///< errno
 
 long long now()
 {
@@ -20,12 +24,30 @@ long long now()
 
 void printData(const std::string& text)
 {
-    std::fwrite(text.data(), 1, text.size(), stdout);
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() && dataFailure == 0)
+        dataFailure = errno;
+}
+
+int finishData()
+{
+    if (std::fflush(stdout) != 0 && dataFailure == 0)
+        dataFailure = errno;
+    return dataFailure;
+}
+
+void occupyStandardDescriptors()
+{
+    int descriptor = 0;
+    do
+        descriptor = open("/dev/null", O_RDONLY); // the lowest free number; writing to it fails, as it should
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0)
+        close(descriptor);
 }
 
 void say(const std::string& sentence)
 {
-    std::fflush(stdout); // on a terminal, data that was printed before comes before
+    finishData(); // on a terminal, data that was printed before comes before
     std::fprintf(stderr, "recipe-file: %s\n", sentence.c_str());
 }
 
@@ -55,7 +77,7 @@ void Progress::reach(long long done)
 
 StdoutIsTalk::StdoutIsTalk() : m_saved(-1)
 {
-    std::fflush(stdout);
+    finishData();
     m_saved = dup(STDOUT_FILENO);
     dup2(STDERR_FILENO, STDOUT_FILENO);
 }

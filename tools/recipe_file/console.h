@@ -4,8 +4,15 @@
 
 #include <string>
 
-/// Writes data to standard output.
+/// Writes data to standard output. A failure is kept for finishData.
 void printData(const std::string& text);
+
+/// Writes out what is still held back. The errno of the first failure to write data, 0 where all went out.
+int finishData();
+
+/// Descriptors 0 to 2 that the caller closed lead nowhere from here on. Otherwise the next file that is opened would
+/// get one of these numbers, and the data or the talk.
+void occupyStandardDescriptors();
 
 /// Writes one line of talk to standard error, behind the program's name.
 void say(const std::string& sentence);

@@ -310,8 +310,15 @@ private:
         if (number)
             cell = InputCell::given(*number);
         else
-            problem(rowPlace(row).with(recipe.place), "the value", quoted(text),
-                    std::string("a number with \"") + m_format.decimalMark + "\" as its decimal mark (see --decimal)");
+            refuseMark(rowPlace(row).with(recipe.place), item, recipe, text);
+    }
+
+    void refuseMark(const SheetPlace& where, int item, const InputRecipe& recipe, const std::string& text)
+    {
+        problem(where, "the value", quoted(text),
+                std::string("a number with \"") + m_format.decimalMark + "\" as its decimal mark (see --decimal)");
+        m_input.problems.back().place =
+            (recipe.number ? recipeLabel(m_group, *recipe.number) : "new recipe") + ", " + itemLabel(m_group, item);
     }
 
     std::vector<CsvRow> m_rows;
@@ -356,14 +363,12 @@ void writeCsvSheet(Database& database, const recipeTableInfo_t& group, const She
 Input readCsvSheet(const std::string& text, const std::string& fileName, const recipeTableInfo_t& group,
                    const SheetFormat& format)
 {
+    refuseOtherDelimiter(text, format.delimiter, fileName, "Item");
     std::vector<CsvRow> rows = readCsv(text, format.delimiter, fileName);
     const bool turned = fieldText(rows, 0, 1) != "Name" && fieldText(rows, 1, 0) == "Name";
     if (turned)
         rows = exchanged(rows);
     if (fieldText(rows, 0, 0) != "Item" || fieldText(rows, 0, 1) != "Name")
-        throw ToolError(fileName + " does not start with the fields Item and Name, as an export does"
-                        + (fieldText(rows, 0, 0).find_first_of(";\t,") != std::string::npos
-                               ? "; another --delimiter may be needed."
-                               : "."));
+        throw ToolError(fileName + " does not start with the fields Item and Name, as an export does.");
     return SheetReader(std::move(rows), fileName, group, format, turned).read();
 }

@@ -4,6 +4,8 @@
 
 #include <csv.h>
 
+#include <utility>
+
 namespace {
 
 const char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
@@ -63,6 +65,20 @@ private:
 };
 
 } // namespace
+
+void refuseOtherDelimiter(const std::string& text, char delimiter, const std::string& fileName,
+                          const std::string& firstField)
+{
+    const std::size_t start = text.rfind(BYTE_ORDER_MARK, 0) == 0 ? 3 : 0;
+    for (const auto& [mark, name] : {std::pair{',', ","}, std::pair{';', ";"}, std::pair{'\t', "tab"}}) {
+        const bool found = text.compare(start, firstField.size() + 1, firstField + mark) == 0
+                           || text.compare(start, firstField.size() + 3, '"' + firstField + '"' + mark) == 0;
+        if (found && mark != delimiter)
+            throw ToolError(fileName + " has " + (mark == '\t' ? "tabs" : quoted(name))
+                            + " between its fields; give --delimiter " + (mark == ';' ? "\";\"" : name)
+                            + (mark == ',' ? " or none." : ", and --decimal , where numbers have a comma."));
+    }
+}
 
 std::vector<CsvRow> readCsv(const std::string& text, char delimiter, const std::string& fileName)
 {

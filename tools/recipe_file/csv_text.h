@@ -13,6 +13,10 @@ using CsvRow = std::vector<CsvField>;
 /// The rows of a text in UTF-8 (a byte-order mark is skipped). A ToolError for what is no CSV, with its row.
 std::vector<CsvRow> readCsv(const std::string& text, char delimiter, const std::string& fileName);
 
+/// A ToolError where the text begins with that field and then another mark that stands between fields elsewhere.
+void refuseOtherDelimiter(const std::string& text, char delimiter, const std::string& fileName,
+                          const std::string& firstField);
+
 /// Puts one row together. Texts are quoted, so that a spreadsheet keeps 007 and a leading "="; numbers are not.
 class CsvLine
 {

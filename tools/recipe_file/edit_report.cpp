@@ -19,7 +19,7 @@ std::string whyNothing(const ChangeSet& changes)
 {
     if (!changes.unknown.empty() && changes.said == 0)
         return "Nothing changes: no item of the input is known here.";
-    if (changes.unchanged == 0)
+    if (changes.said == 0)
         return "Nothing changes: the input says nothing about this group.";
     return "Nothing changes: all values are already as in the input.";
 }

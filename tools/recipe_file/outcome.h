@@ -11,7 +11,8 @@ enum ExitCode
 {
     EXIT_DONE = 0,      ///< done; nothing differs, nothing is wrong
     EXIT_DIFFERENT = 1, ///< the comparison found differences, the check found faults
-    EXIT_FAILED = 2     ///< not done: command line, file or input
+    EXIT_FAILED = 2,    ///< not done: command line, file or input
+    EXIT_UNTOLD = 3     ///< done, but standard output did not take the result
 };
 
 /// One fault of an input, with its place.

@@ -64,8 +64,11 @@ CheckedValue checkNumber(const recipeItemInfo_t& item, const QString& given)
 {
     bool isNumber = false;
     double value = given.toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(value))
-        return refused("a number");
+    if (!isNumber || !std::isfinite(value)) {
+        QString pointed = given;
+        pointed.replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
+        return refused(isNumber && pointed != given ? "a number with \".\" as its decimal mark" : "a number");
+    }
     if (value == 0.0)
         value = 0.0; // no "-0"
     const int decimals = std::max(item.decimalDigits, 0);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -65,6 +66,13 @@ bool isRecipeFile(const std::string& path)
     std::string start(sizeof(SQLITE_MAGIC) - 1, '\0');
     file.read(&start[0], static_cast<std::streamsize>(start.size()));
     return file && start == SQLITE_MAGIC;
+}
+
+void refuseOverRecipeFile(const std::string& target)
+{
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(target, ignored) && isRecipeFile(target))
+        throw ToolError(target + " is a recipe file; a sheet does not take its place. Give another name.");
 }
 
 std::vector<std::string> definitionDifferences(const recipeTableInfo_t& before, const recipeTableInfo_t& after)

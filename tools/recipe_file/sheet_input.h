@@ -23,6 +23,9 @@ Input readSheet(const std::string& text, const std::string& fileName, const reci
 /// Whether a file starts as an SQLite database does.
 bool isRecipeFile(const std::string& path);
 
+/// A ToolError where such a file would be replaced by a sheet, --force or not: a slip of the names would lose it.
+void refuseOverRecipeFile(const std::string& target);
+
 /// Items, addresses, types, limits and titles that differ: a sentence each.
 std::vector<std::string> definitionDifferences(const recipeTableInfo_t& before, const recipeTableInfo_t& after);
 
