@@ -2,6 +2,7 @@
 #include "program.h"
 
 #include <iostream>
+#include <sstream>
 
 namespace {
 
@@ -148,6 +149,27 @@ TEST_F(Sheet, NeverTakesThePlaceOfARecipeFile)
     EXPECT_EQ(run({"titles", "export", "--force", "r.db3", "r.db3"}).err, refused);
     EXPECT_EQ(run({"generate", "--description", "--force", "--items", "2", "--recipes", "2", "r.db3"}).err, refused);
     EXPECT_EQ(dump("r.db3"), before);
+}
+
+TEST_F(Sheet, MayHaveEmptiedRowsAndColumnsAtItsEnds)
+{
+    for (const Words& options : {Words{}, Words{"--transposed"}}) {
+        Words words = {"export", "r.db3"};
+        words.insert(words.end(), options.begin(), options.end());
+        std::string text;
+        std::istringstream lines(run(words).out);
+        for (std::string line; std::getline(lines, line);) {
+            const bool ends = line.back() == '\r'; // but inside of a text
+            text += ends && line.find("say") == std::string::npos ? line.substr(0, line.size() - 1) + ",,\"\"\r\n"
+                                                                  : line + '\n';
+        }
+        text += ",,,,\r\n\"\",\"\"\r\n";
+        const Outcome outcome = run({"diff", "r.db3", "-"}, text);
+        EXPECT_EQ(outcome.code, 0) << outcome.out << outcome.err << text;
+        EXPECT_NE(outcome.err.find("18 unchanged, 0 titles changed, 0 new recipes, 0 unknown items.\n"),
+                  std::string::npos)
+            << outcome.err;
+    }
 }
 
 TEST_F(Sheet, WithoutValuesIsToldSo)

@@ -119,6 +119,15 @@ std::string fieldText(const std::vector<CsvRow>& rows, std::size_t row, std::siz
     return *rows[row][column];
 }
 
+/// Up to the last field that holds something: spreadsheet programs save emptied rows and columns too.
+std::size_t widthOf(const CsvRow& row)
+{
+    std::size_t width = row.size();
+    while (width > 0 && (!row[width - 1] || row[width - 1]->empty()))
+        --width;
+    return width;
+}
+
 std::optional<int> wholeNumber(const std::string& text)
 {
     bool good = false;
@@ -166,7 +175,7 @@ private:
     {
         const bool numbered = fieldText(m_rows, 1, 1) == "Recipe";
         m_firstRow = numbered ? 2 : 1;
-        const std::size_t width = std::max(m_rows[0].size(), numbered ? m_rows[1].size() : 0);
+        const std::size_t width = std::max(widthOf(m_rows[0]), numbered ? widthOf(m_rows[1]) : 0);
         for (std::size_t column = 2; column < width; ++column) {
             InputRecipe recipe;
             recipe.place = columnPlace(column);
@@ -252,8 +261,9 @@ private:
             return;
         }
         m_input.itemPlaces[static_cast<std::size_t>(*item)] = rowPlace(row);
-        if (m_rows[row].size() > m_input.recipes.size() + 2)
-            problem(rowPlace(row), "the number of fields", std::to_string(m_rows[row].size()),
+        const std::size_t width = widthOf(m_rows[row]);
+        if (width > m_input.recipes.size() + 2)
+            problem(rowPlace(row), "the number of fields", std::to_string(width),
                     "at most " + std::to_string(m_input.recipes.size() + 2) + " as in the first row");
         for (std::size_t i = 0; i < m_input.recipes.size(); ++i)
             readCell(row, i + 2, *item, m_input.recipes[i]);
@@ -264,7 +274,7 @@ private:
     {
         const std::string number = fieldText(m_rows, row, 0);
         const std::string name = fieldText(m_rows, row, 1);
-        if (number.empty() && name.empty() && m_rows[row].size() <= 2)
+        if (widthOf(m_rows[row]) == 0)
             return std::nullopt;
         std::vector<std::string> names;
         for (const recipeItemInfo_t& item : m_group.items)
