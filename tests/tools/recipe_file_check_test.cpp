@@ -83,6 +83,8 @@ const std::vector<Damage> CORPUS = {
      false},
     {"DataTypeIsText", "UPDATE addr_0 SET datatype = 'float' WHERE row_index = 3", "data-type",
      "group 0 \"Bakery line\", item 3 \"Salt kg\": Its data type is \"float\".", true},
+    {"DataTypeIsUnknown", "UPDATE addr_0 SET datatype = 99 WHERE row_index = 3", "unknown-type",
+     "group 0 \"Bakery line\", item 3 \"Salt kg\": Its data type is 99, not 0 to 7", false},
     {"LimitsAreCrossed", "UPDATE addr_0 SET min = 30 WHERE row_index = 3", "limits-crossed",
      "group 0 \"Bakery line\", item 3 \"Salt kg\": Its min 30 is above its max 20", true},
     {"LimitIsText", "UPDATE addr_0 SET max = 'high' WHERE row_index = 3", "limit",
@@ -199,6 +201,28 @@ TEST_F(Check, TellsOfNoSharedRegisterWhereDeviceStationOrAreaDiffer)
     for (const char* item : {"item 4 ", "item 5 ", "item 6 "})
         EXPECT_EQ(result.out.find(item), std::string::npos) << result.out;
     EXPECT_NE(result.err.find("0 faults, 9 warnings"), std::string::npos) << result.out;
+}
+
+TEST_F(Check, DoesNotMissTitlesOfRecipesThatAnAbsurdCountPromises)
+{
+    for (const char* count : {"2000000000", "-5"}) {
+        sql("r.db3", std::string("UPDATE recipe_config SET row = ") + count + ", column = " + count);
+        const Outcome result = run({"check", "r.db3"});
+        EXPECT_EQ(result.code, 1);
+        EXPECT_EQ(result.out.find("-title]"), std::string::npos) << result.out.substr(0, 2000);
+        EXPECT_EQ(result.err, "recipe-file: r.db3: 4 faults, 0 warnings.\n");
+    }
+}
+
+TEST_F(Check, SendsNothingToATerminalThatItWouldObey)
+{
+    sql("r.db3",
+        "UPDATE data_0 SET D3 = 'a' || char(27) || '[2J' || char(155) || char(0) || char(10) || 'b' WHERE column = 3;"
+        "UPDATE lang_0 SET L0 = char(7) || 'Salt' || char(10) WHERE type = 1 AND strIndex = 3");
+    const std::string out = run({"check", "r.db3"}).out;
+    EXPECT_NE(out.find("item 3 \"\\x07Salt\\n\": The value \"a\\x1b[2J\\x9b"), std::string::npos) << out;
+    EXPECT_EQ(out.find_first_of(std::string("\x1b\x07\0", 3)), std::string::npos);
+    EXPECT_EQ(run({"list", "r.db3", "--items"}).out.find('\x07'), std::string::npos);
 }
 
 TEST_F(Check, ReportsAllDamageAtOnce)

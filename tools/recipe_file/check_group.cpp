@@ -120,6 +120,10 @@ void GroupChecker::checkItem(const Statement& row, std::int64_t expectedIndex)
     checkAddress(place, row.text(1), "address");
     if (row.text(9) != "integer" || row.integer(2) < 0)
         fault("data-type", place, "Its data type is " + quoted(row.text(2)) + '.', PROJECT);
+    else if (row.integer(2) > DATA_TYPE_TEXT)
+        warn("unknown-type", place,
+             "Its data type is " + row.text(2) + ", not 0 to 7: it is shown as a number, but a recipe cannot be sent.",
+             PROJECT);
     if (row.text(7) == "text" || row.text(8) == "text" || !std::isfinite(item.min) || !std::isfinite(item.max))
         fault("limit", place, "Its limits are no numbers.", PROJECT);
     else

@@ -63,6 +63,7 @@ private:
     std::vector<recipeItemInfo_t> m_items;
     std::map<std::pair<int, std::int64_t>, int> m_titleRows; ///< rows per type and index
     std::map<std::pair<int, std::int64_t>, std::string> m_names;
+    std::int64_t m_recipeRows = 0; ///< that the table of values holds
     bool m_hasItems = false;
     bool m_hasTitles = false;
 };

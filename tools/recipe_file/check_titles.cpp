@@ -4,6 +4,8 @@
 #include "outcome.h"
 #include "recipe_limits.h"
 
+#include <algorithm>
+
 namespace {
 
 const char RESTORE[] = "Restore a backup (recipe-file restore).";
@@ -39,11 +41,13 @@ std::string GroupChecker::recipePlace(std::int64_t recipe) const
     return m_place + ", recipe " + std::to_string(recipe) + (named ? ' ' + quoted(name->second) : "");
 }
 
+/// A title is missed, or belongs to nothing, where the configuration and the tables agree on that: where they do not,
+/// this has been told, and an absurd count would be told once more for every number below it.
 void GroupChecker::checkTitles()
 {
     checkTitleSet(DB_LANGUAGE_GROUP, 1, "");
-    checkTitleSet(DB_LANGUAGE_ROW, std::min<std::int64_t>(m_config.items, MAX_ITEMS), "item");
-    checkTitleSet(DB_LANGUAGE_COLUMN, std::min<std::int64_t>(m_config.recipes, MAX_RECIPES), "recipe");
+    checkTitleSet(DB_LANGUAGE_ROW, std::min<std::int64_t>(m_config.items, m_items.size()), "item");
+    checkTitleSet(DB_LANGUAGE_COLUMN, std::min(m_config.recipes, m_recipeRows), "recipe");
     Statement row(m_database,
                   "SELECT type, strIndex, L0, L1, L2, L3, L4, L5, L6, L7 FROM " + table("lang_") + " ORDER BY rowid");
     std::int64_t last[3] = {-1, -1, -1};
@@ -75,7 +79,8 @@ void GroupChecker::checkTitles()
 
 void GroupChecker::checkTitleRow(std::int64_t type, std::int64_t index, const QVector<QString>& titles, bool hasNull)
 {
-    const std::int64_t counts[] = {1, m_config.items, m_config.recipes};
+    const std::int64_t counts[] = {1, std::max<std::int64_t>(m_config.items, m_items.size()),
+                                   std::max(m_config.recipes, m_recipeRows)};
     if (type < 0 || type > 2 || index < 0 || index >= counts[type]) {
         fault("stray-title", m_place,
               table("lang_") + " holds a title of type " + std::to_string(type) + " with number "

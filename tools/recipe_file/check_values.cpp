@@ -63,6 +63,7 @@ void GroupChecker::checkNumbering()
                   RESTORE);
         inOrder = inOrder && row.integer(0) == expected && row.text(1) == "integer";
     }
+    m_recipeRows = expected;
     for (std::int64_t i = 0; i < std::min<std::int64_t>(expected, m_config.recipes); ++i) {
         if (seen.count(i) == 0)
             fault("missing-recipe", recipePlace(i), "No row has its number; edits of it would be lost.", RESTORE);

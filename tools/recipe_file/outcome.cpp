@@ -1,5 +1,7 @@
 #include "outcome.h"
 
+#include "text_table.h"
+
 #include <QString>
 
 namespace {
@@ -33,11 +35,11 @@ void requireUtf8(const std::string& text, const std::string& fileName)
 std::string quoted(const std::string& text)
 {
     if (text.size() <= SHOWN_BYTES)
-        return '"' + text + '"';
+        return '"' + oneLine(text) + '"';
     std::size_t end = SHOWN_BYTES;
     while (end > 0 && continuesCharacter(text[end]))
         --end;
-    return '"' + text.substr(0, end) + "...\"";
+    return '"' + oneLine(text.substr(0, end)) + "...\"";
 }
 
 std::string counted(long long count, const char* one, const char* many)

@@ -22,20 +22,32 @@ bool takesNoPlace(uint ucs4)
     return category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing || category == QChar::Other_Format;
 }
 
+std::string escaped(unsigned char byte)
+{
+    const char digits[] = "0123456789abcdef";
+    return {'\\', 'x', digits[byte / 16], digits[byte % 16]};
+}
+
 } // namespace
 
 std::string oneLine(const std::string& text)
 {
     std::string result;
-    for (const char c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        const auto byte = static_cast<unsigned char>(c);
+        // U+0080 to U+009F, which some terminals obey as well
+        const bool obeyed = byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
         if (c == '\n')
             result += "\\n";
         else if (c == '\r')
             result += "\\r";
         else if (c == '\t')
             result += "\\t";
+        else if (obeyed)
+            result += escaped(static_cast<unsigned char>(text[++i]));
         else
-            result += c;
+            result += byte < 0x20 || byte == 0x7F ? escaped(byte) : std::string(1, c);
     }
     return result;
 }
