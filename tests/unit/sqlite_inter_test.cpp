@@ -7,7 +7,9 @@
 #include "sqlite_errors.h"
 #include "wanted_leak.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -175,6 +177,28 @@ TEST_F(Sqlite, StaysConnectedWhileAnOpenQueryKeepsItBusy)
     inter.queryFilish();
     inter.disconnect();
     EXPECT_EQ(inter.ping(), 0);
+}
+
+// The destructor once closed nothing while a query was open: the file stayed open for the life of the process.
+TEST_F(Sqlite, ClosesTheFileWhenItGoesInTheMiddleOfAQuery)
+{
+    run("CREATE TABLE t (a);");
+    const auto handles = [this] {
+        int count = 0;
+        for (const QFileInfo& handle : QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::Files | QDir::System))
+            count += handle.symLinkTarget() == QString::fromUtf8(name);
+        return count;
+    };
+    const int before = handles();
+    EXPECT_GE(before, 1);
+    {
+        CSqliteInter other;
+        ASSERT_EQ(other.connect(name), 1);
+        ASSERT_EQ(other.querySQL("SELECT * FROM sqlite_master;"), 0);
+        ASSERT_EQ(other.queryStep(), 1);
+        EXPECT_GT(handles(), before);
+    }
+    EXPECT_EQ(handles(), before);
 }
 
 TEST_F(Sqlite, RollsAnOpenTransactionBackWhenItDisconnects)
