@@ -141,6 +141,19 @@ TEST_F(Edit, AddAppendsARecipeWithDefaultsWithinTheLimits)
     EXPECT_EQ(run({"check", "r.db3"}).code, 0);
 }
 
+TEST_F(Edit, LeavesNoBackupOfAFileThatCannotBeWritten)
+{
+    const std::size_t count = files().size();
+    const std::string program = ProgramTest::program().toStdString();
+    // root may write everything, unless this is taken away
+    const Outcome result =
+        runShell("chmod 444 r.db3; p=; [ \"$(id -u)\" != 0 ] || p='setpriv --bounding-set=-dac_override'; $p '"
+                 + program + "' set r.db3 0 1 90");
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.err, "recipe-file: r.db3 cannot be written: Permission denied.\n");
+    EXPECT_EQ(files().size(), count);
+}
+
 TEST_F(Edit, RenameChangesOneLanguageOrAll)
 {
     EXPECT_EQ(run({"rename", "r.db3", "Rolls", "Semmeln", "--language", "2"}).code, 0);

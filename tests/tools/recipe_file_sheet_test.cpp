@@ -491,3 +491,23 @@ TEST_F(Sheet, IsExportedOneRowAtATime)
     }
 }
 #endif
+
+// Recipe 1 was deleted at the panel, and a sheet of the day before would have put its values into the next one.
+TEST_F(Sheet, OlderThanADeletedRecipeIsRemarked)
+{
+    for (const char* name : {"old.csv", "old.json"}) {
+        ASSERT_EQ(run({"export", "r.db3", name}).code, 0);
+        ASSERT_EQ(run({"diff", "r.db3", name}).err.find("note:"), std::string::npos);
+    }
+    ASSERT_EQ(run({"delete", "r.db3", "1"}).code, 0);
+    std::string text = read("old.csv");
+    text.replace(text.find(",5\r\n"), 4, ",\r\n"); // the sheet's last recipe as a new one: its number is gone
+    write("old.csv", text);
+    const Outcome result = run({"import", "--dry-run", "r.db3", "old.csv"});
+    EXPECT_NE(result.err.find("note: old.csv, column 6 (F): recipe 3 \"E\" gets the name of recipe 2 \"D\"; if recipes "
+                              "were added or deleted since the export, export again."),
+              std::string::npos)
+        << result.err;
+    EXPECT_NE(run({"diff", "r.db3", "old.json"}).err.find("recipe 3 \"E\" gets the name of recipe 2 \"D\""),
+              std::string::npos);
+}

@@ -5,7 +5,10 @@
 
 #include <QDateTime>
 
+#include <cerrno>
 #include <filesystem>
+
+#include <unistd.h>
 
 namespace {
 
@@ -56,6 +59,8 @@ EditSession::~EditSession()
 
 std::string EditSession::backUp()
 {
+    if (access(m_database->path().c_str(), W_OK) != 0) // before there is a backup of nothing
+        throw ToolError(m_database->path() + " cannot be written: " + systemMessage(errno) + '.');
     const std::string name = backupName(m_database->path());
     copyRecipeFile(m_database->path(), name, 0);
     return name;

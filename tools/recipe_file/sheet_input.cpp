@@ -1,5 +1,6 @@
 #include "sheet_input.h"
 
+#include "group_access.h"
 #include "json_sheet.h"
 #include "recipe_limits.h"
 
@@ -7,6 +8,8 @@
 #include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <utility>
 
 namespace {
 
@@ -40,6 +43,30 @@ void compareItems(std::vector<std::string>& list, const std::string& label, cons
     addDifference(list, label, "max", plainNumber(before.max), plainNumber(after.max));
 }
 
+/// Where recipes were added or deleted since the export, its numbers mean others by now.
+void remarkMovedNames(Input& input, const recipeTableInfo_t& group)
+{
+    std::map<std::pair<int, std::string>, int> owners; // of a language and a title the recipe
+    for (int i = 0; i < group.columnName.size(); ++i) {
+        for (int language = 1; language <= LANGUAGE_COUNT; ++language)
+            owners.insert({{language, titleText(group.columnName.at(i), language)}, i});
+    }
+    for (const InputRecipe& recipe : input.recipes) {
+        for (int language = 1; recipe.number && language <= LANGUAGE_COUNT; ++language) {
+            const std::string name = recipe.titles[static_cast<std::size_t>(language - 1)].value_or("");
+            const auto owner = owners.find({language, name});
+            if (name.empty() || owner == owners.end()
+                || titleText(group.columnName.value(*recipe.number), language) == name)
+                continue;
+            const std::string place = recipe.path.empty() ? recipe.place.text() : recipe.path;
+            input.remarks.push_back(input.name + ", " + place + ": " + recipeLabel(group, *recipe.number)
+                                    + " gets the name of " + recipeLabel(group, owner->second)
+                                    + "; if recipes were added or deleted since the export, export again.");
+            break;
+        }
+    }
+}
+
 } // namespace
 
 FileKind kindOf(const std::string& text)
@@ -56,8 +83,10 @@ Input readSheet(const std::string& text, const std::string& fileName, const reci
 {
     if (kindOf(text) == FileKind::RecipeFile)
         throw ToolError(fileName + " is a recipe file; export it first, or compare it with diff.");
-    return kindOf(text) == FileKind::JsonSheet ? readJsonSheet(text, fileName, group)
-                                               : readCsvSheet(text, fileName, group, format);
+    Input input = kindOf(text) == FileKind::JsonSheet ? readJsonSheet(text, fileName, group)
+                                                      : readCsvSheet(text, fileName, group, format);
+    remarkMovedNames(input, group);
+    return input;
 }
 
 bool isRecipeFile(const std::string& path)
