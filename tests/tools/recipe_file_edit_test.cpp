@@ -154,6 +154,24 @@ TEST_F(Edit, LeavesNoBackupOfAFileThatCannotBeWritten)
     EXPECT_EQ(files().size(), count);
 }
 
+TEST_F(Edit, AddRefusesARecipeWithoutAName)
+{
+    const std::string before = dump("r.db3");
+    const Outcome result = run({"add", "r.db3", ""});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.err, "recipe-file: A new recipe needs a name.\n");
+    EXPECT_EQ(dump("r.db3"), before);
+}
+
+TEST_F(Edit, SaysWhereANameStandsThatStartsLikeAnOption)
+{
+    const Outcome result = run({"add", "r.db3", "-low salt"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_NE(result.err.find("A name that starts with - stands behind --, as in: -- \"-low salt\""), std::string::npos)
+        << result.err;
+    EXPECT_EQ(run({"add", "r.db3", "--", "-low salt"}).code, 0);
+}
+
 TEST_F(Edit, RenameChangesOneLanguageOrAll)
 {
     EXPECT_EQ(run({"rename", "r.db3", "Rolls", "Semmeln", "--language", "2"}).code, 0);

@@ -511,3 +511,34 @@ TEST_F(Sheet, OlderThanADeletedRecipeIsRemarked)
     EXPECT_NE(run({"diff", "r.db3", "old.json"}).err.find("recipe 3 \"E\" gets the name of recipe 2 \"D\""),
               std::string::npos);
 }
+
+TEST_F(Sheet, OfTitlesMayHaveEmptyRowsButNoRowTwice)
+{
+    const std::string titles = run({"titles", "export", "r.db3"}).out;
+    EXPECT_EQ(run({"titles", "import", "r.db3", "-"}, titles + ",,,,\r\n").err, "recipe-file: 0 titles changed.\n");
+    const Outcome twice = run({"titles", "import", "r.db3", "-"}, titles + "recipe,3,Other\r\n");
+    EXPECT_EQ(twice.code, 2);
+    EXPECT_NE(twice.err.find("the row's owner is \"recipe 3\" a second time, expected each one once."),
+              std::string::npos)
+        << twice.err;
+}
+
+TEST_F(Sheet, OfTitlesIsJsonWhereThatIsAskedFor)
+{
+    const std::string out = run({"titles", "export", "r.db3", "--json"}).out;
+    EXPECT_EQ(out.compare(0, 2, "{\n"), 0) << out;
+    EXPECT_NE(out.find("\"kind\": \"item\""), std::string::npos) << out;
+    EXPECT_NE(out.find("\"Füllstand\""), std::string::npos) << out;
+}
+
+TEST_F(Sheet, BehindALinkIsReplacedAndTheLinkStays)
+{
+    write("old.csv", "old");
+    ASSERT_EQ(runShell("ln -s old.csv link.csv; ln -s nowhere lost.csv").code, 0);
+    ASSERT_EQ(run({"export", "r.db3", "link.csv", "--force"}).code, 0);
+    EXPECT_EQ(runShell("readlink link.csv").out, "old.csv\n");
+    EXPECT_EQ(read("old.csv"), run({"export", "r.db3"}).out);
+    const Outcome lost = run({"export", "r.db3", "lost.csv"});
+    EXPECT_EQ(lost.code, 2);
+    EXPECT_EQ(lost.err, "recipe-file: lost.csv is a link to a file that does not exist.\n");
+}

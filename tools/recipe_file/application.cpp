@@ -108,12 +108,24 @@ std::string optionHint(const CLI::App* command, int argc, char** argv)
     return std::string();
 }
 
+/// A name that starts like an option was taken for one.
+std::string dashHint(int argc, char** argv)
+{
+    for (int i = 1; i < argc && std::string(argv[i]) != "--"; ++i) {
+        const std::string word = argv[i];
+        if (word.size() > 2 && word[0] == '-' && word[1] != '-')
+            return " A name that starts with - stands behind --, as in: -- "
+                   + (word.find(' ') == std::string::npos ? word : quoted(word));
+    }
+    return std::string();
+}
+
 std::string refusal(const CLI::App& app, const CLI::ParseError& error, int argc, char** argv)
 {
     std::string path;
     const CLI::App* command = chosenCommand(app, path);
     const std::string hint = optionHint(command, argc, argv);
-    return error.what() + (hint.empty() ? "; see recipe-file " + path + "--help." : hint);
+    return error.what() + (!hint.empty() ? hint : "; see recipe-file " + path + "--help." + dashHint(argc, argv));
 }
 
 int parseAndRun(CLI::App& app, Session& session, int argc, char** argv)

@@ -63,6 +63,8 @@ std::string defaultValue(const recipeItemInfo_t& item)
 
 int add(const Options& options, bool json)
 {
+    if (options.name.empty())
+        throw ToolError("A new recipe needs a name.");
     EditSession session(options.file, options.wait);
     const recipeTableInfo_t group = loadGroup(session.database(), chooseGroup(session.database(), options.group));
     InputRecipe recipe = emptyRecipe(group);

@@ -14,8 +14,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <fstream>
 #include <memory>
+#include <set>
+#include <utility>
 
 namespace {
 
@@ -65,13 +68,26 @@ std::string toCsv(const std::vector<TitleRow>& rows, char delimiter)
     return text;
 }
 
+Json toJson(const std::vector<TitleRow>& rows)
+{
+    Json list = Json::array();
+    for (const TitleRow& row : rows) {
+        Json titles = Json::array();
+        for (const QString& title : row.titles)
+            titles.push_back(title.toStdString());
+        list.push_back({{"kind", KINDS[row.type]}, {"number", row.index}, {"titles", titles}});
+    }
+    return list;
+}
+
 int exportTitles(const Options& options, bool json)
 {
     Database database(options.file, Database::Reading, milliseconds(options.wait));
     const recipeTableInfo_t group = loadGroup(database, chooseGroup(database, options.group));
-    const std::string text = toCsv(titlesOf(group), options.separator());
+    const std::vector<TitleRow> rows = titlesOf(group);
+    const std::string text = toCsv(rows, options.separator());
     if (options.sheet.empty() || options.sheet == "-") {
-        printData(text);
+        printData(json ? dumpJson({{"ok", true}, {"group", group.groupIndex}, {"titles", toJson(rows)}}) : text);
         return EXIT_DONE;
     }
     refuseOverRecipeFile(options.sheet);
@@ -140,6 +156,8 @@ private:
 
     void readRow(const CsvRow& row, int number, int group)
     {
+        if (std::all_of(row.begin(), row.end(), [](const CsvField& field) { return !field || field->empty(); }))
+            return; // spreadsheet programs write such rows at the end
         const std::string place = "row " + std::to_string(number);
         const TitleRow* known = find(row);
         if (!known) {
@@ -148,6 +166,11 @@ private:
                                   "group, item or recipe with a number that the file has", m_options.sheet, number});
             return;
         }
+        if (!m_seen.insert({known->type, known->index}).second)
+            m_problems.push_back(
+                {m_options.sheet + ", " + place, "", "the row's owner",
+                 quoted(std::string(KINDS[known->type]) + ' ' + std::to_string(known->index)) + " a second time",
+                 "each one once", m_options.sheet, number});
         TitleRow changed = *known;
         for (std::size_t i = 0; i < LANGUAGE_COUNT && i + 2 < row.size(); ++i) {
             if (row[i + 2])
@@ -168,6 +191,7 @@ private:
 
     const Options& m_options;
     std::vector<TitleRow> m_known;
+    std::set<std::pair<int, int>> m_seen;
     std::vector<Problem> m_problems;
     std::vector<TitleEdit> m_edits;
 };

@@ -44,6 +44,8 @@ void refuseUnlessFree(const std::string& target, bool replace)
     std::error_code ignored;
     const fs::file_status status = fs::status(target, ignored);
     if (!fs::exists(status)) {
+        if (fs::is_symlink(target, ignored))
+            throw ToolError(target + " is a link to a file that does not exist.");
         if (target.empty() || target.back() == '/')
             throw ToolError(target + " is no name for a file.");
         return;
@@ -92,6 +94,14 @@ bool syncFile(const std::string& path)
     return done;
 }
 
+/// A link stays, and the file that it leads to is replaced.
+std::string behindLinks(const std::string& name)
+{
+    std::error_code error;
+    const fs::path file = fs::is_symlink(name, error) ? fs::canonical(name, error) : fs::path();
+    return file.empty() || error ? name : file.string();
+}
+
 /// Where the file system cannot rename without replacing (some memory cards), the earlier look has to do.
 int renameWithoutReplacing(const char* from, const char* to)
 {
@@ -107,8 +117,10 @@ int renameWithoutReplacing(const char* from, const char* to)
 
 } // namespace
 
-NewFile::NewFile(const std::string& target, bool replace) : m_target(target), m_replace(replace)
+NewFile::NewFile(const std::string& name, bool replace)
+    : m_target(replace ? behindLinks(name) : name), m_replace(replace)
 {
+    const std::string& target = m_target;
     refuseUnlessFree(target, replace);
     refuseRemains(target);
     const fs::path folder = folderOf(target);
