@@ -52,6 +52,7 @@ private:
     std::string itemPlace(std::int64_t item) const;
     std::string recipePlace(std::int64_t recipe) const;
 
+    std::int64_t readItems() const { return static_cast<std::int64_t>(m_items.size()); }
     std::string table(const char* kind) const { return kind + std::to_string(m_config.group); }
     void fault(const std::string& kind, const std::string& place, const std::string& what, const std::string& cure);
     void warn(const std::string& kind, const std::string& place, const std::string& what, const std::string& cure);

@@ -46,7 +46,7 @@ std::string GroupChecker::recipePlace(std::int64_t recipe) const
 void GroupChecker::checkTitles()
 {
     checkTitleSet(DB_LANGUAGE_GROUP, 1, "");
-    checkTitleSet(DB_LANGUAGE_ROW, std::min<std::int64_t>(m_config.items, m_items.size()), "item");
+    checkTitleSet(DB_LANGUAGE_ROW, std::min(m_config.items, readItems()), "item");
     checkTitleSet(DB_LANGUAGE_COLUMN, std::min(m_config.recipes, m_recipeRows), "recipe");
     Statement row(m_database,
                   "SELECT type, strIndex, L0, L1, L2, L3, L4, L5, L6, L7 FROM " + table("lang_") + " ORDER BY rowid");
@@ -79,8 +79,7 @@ void GroupChecker::checkTitles()
 
 void GroupChecker::checkTitleRow(std::int64_t type, std::int64_t index, const QVector<QString>& titles, bool hasNull)
 {
-    const std::int64_t counts[] = {1, std::max<std::int64_t>(m_config.items, m_items.size()),
-                                   std::max(m_config.recipes, m_recipeRows)};
+    const std::int64_t counts[] = {1, std::max(m_config.items, readItems()), std::max(m_config.recipes, m_recipeRows)};
     if (type < 0 || type > 2 || index < 0 || index >= counts[type]) {
         fault("stray-title", m_place,
               table("lang_") + " holds a title of type " + std::to_string(type) + " with number "
