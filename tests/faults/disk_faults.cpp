@@ -109,16 +109,6 @@ void DiskFaults::expectSheetShowsTheFile(RecipeSheetItems& sheet, const std::str
     }
 }
 
-void DiskFaults::learn(const StorageJob& job)
-{
-    restoreFile();
-    m_before = contents();
-    m_beforeLines = lines();
-    m_after = contentsAfter(job);
-    m_afterLines = lines();
-    ASSERT_NE(m_before, m_after);
-}
-
 void DiskFaults::strikeEverywhere(const StorageJob& job)
 {
     learn(job);

@@ -36,13 +36,8 @@ private:
     void expectOldOrNew(const StorageJob& job, bool announced, const std::string& where);
     void expectNextJobWorks(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where);
     void expectSheetShowsTheFile(RecipeSheetItems& sheet, const std::string& where);
-    void learn(const StorageJob& job);
 
     std::unique_ptr<class OtherProcess> m_other; // holds locks
-    std::string m_before;
-    std::string m_after;
-    std::vector<std::string> m_beforeLines;
-    std::vector<std::string> m_afterLines;
 };
 
 #endif

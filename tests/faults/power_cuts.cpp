@@ -68,20 +68,10 @@ void PowerCuts::expectTheNextJobWorks(const StorageJob& job, const std::string& 
     EXPECT_TRUE(!wasOld || contents() == m_after) << where << ": the same again";
 }
 
-void PowerCuts::learn(const StorageJob& job)
-{
-    m_tally.reset(new FaultTally(std::string("power cut in ") + job.kind));
-    restoreFile();
-    m_before = contents();
-    m_beforeLines = lines();
-    m_after = contentsAfter(job);
-    m_afterLines = lines();
-    ASSERT_NE(m_before, m_after);
-}
-
 void PowerCuts::cutEverywhere(const StorageJob& job, bool thoroughly)
 {
     m_thoroughly = thoroughly;
+    m_tally.reset(new FaultTally(std::string("power cut in ") + job.kind));
     learn(job);
     for (const FaultVfs::Survival survival : SURVIVALS) {
         const int kind = static_cast<int>(survival);
@@ -98,6 +88,7 @@ void PowerCuts::cutSome(const StorageJob& job)
 {
     const char* const wish = std::getenv("RECIPE_CUTS");
     const int sample = wish ? std::atoi(wish) : SAMPLE;
+    m_tally.reset(new FaultTally(std::string("power cut in ") + job.kind));
     learn(job);
     restoreFile();
     RecipeSheetItems& sheet = openSheet();

@@ -20,14 +20,9 @@ private:
     bool cutAt(const StorageJob& job, int n, FaultVfs::Survival survival, unsigned seed);
     void expectWhole(const StorageJob& job, bool done, const std::string& where);
     void expectTheNextJobWorks(const StorageJob& job, const std::string& where);
-    void learn(const StorageJob& job);
     void report(const StorageJob& job);
 
     std::unique_ptr<FaultTally> m_tally;
-    std::string m_before;
-    std::string m_after;
-    std::vector<std::string> m_beforeLines;
-    std::vector<std::string> m_afterLines;
     bool m_thoroughly = false;
     int m_old = 0;
     int m_new = 0;

@@ -129,6 +129,16 @@ std::string StorageJobs::contentsAfter(const StorageJob& job)
     return contents();
 }
 
+void StorageJobs::learn(const StorageJob& job)
+{
+    restoreFile();
+    m_before = contents();
+    m_beforeLines = lines();
+    m_after = contentsAfter(job);
+    m_afterLines = lines();
+    ASSERT_NE(m_before, m_after);
+}
+
 namespace {
 
 std::vector<std::string> fields(const std::string& line)

@@ -44,12 +44,18 @@ protected:
     static std::string damage();
     /// What the job leaves when nothing fails.
     std::string contentsAfter(const StorageJob& job);
+    /// Sets what the file holds before the job and after it, which has to differ. The file is left as after it.
+    void learn(const StorageJob& job);
     /// Fails the test unless every line of `found` stands at its place in `before` or `after`.
     static void expectOldOrNewLineByLine(const std::vector<std::string>& before, const std::vector<std::string>& after,
                                          const std::vector<std::string>& found, const std::string& where);
 
     FaultVfs& vfs;
-    QString m_pristine; // path of the prepared file
+    QString m_pristine;   // path of the prepared file
+    std::string m_before; // what the file holds, once learnt
+    std::string m_after;
+    std::vector<std::string> m_beforeLines;
+    std::vector<std::string> m_afterLines;
 };
 
 #endif
