@@ -128,11 +128,20 @@ protected:
             << text.toStdString() << " at " << column << ", " << row;
     }
 
+    /// The oldest block leaves, and it may be one of the page's own, of which there are four at the most. Each further
+    /// look at the page reads one again.
+    void showWholePage()
+    {
+        for (int look = 0; look < 4; ++look)
+            sheet->checkAndLoadRequiredBlocks();
+    }
+
     /// Goes through the group and compares with the file.
     void compareWithFile()
     {
         for (int at = 0; at < probe().recipeCount(); at += 37) {
             sheet->selectCol(at);
+            showWholePage();
             paint();
             const int column = probe().firstColumn();
             const int row = probe().firstRow();
