@@ -8,7 +8,6 @@
 #include <string>
 
 #include <sys/stat.h>
-#include <time.h>
 
 // What assert() calls. Declared here because <cassert> hides it in builds with NDEBUG.
 extern "C" void __assert_fail(const char* condition, const char* file, unsigned int line, const char* function) noexcept
@@ -47,72 +46,27 @@ bool formatStatement(char (&buffer)[N], const char* pattern, const char* first, 
     return length >= 0 && static_cast<std::size_t>(length) < N;
 }
 
-// --- the allowance of a statement ---------------------------------------------------------------------------------
-
-const std::int64_t SECOND = 1000000000; // in nanoseconds
-const std::int64_t MEGABYTE = 1 << 20;
-
-/// Steps of SQLite's virtual machine: the same number for the same statement on every machine and under every load.
-/// Reading, writing or counting a plain table takes at most two steps for each byte of the file, and some hundred at
-/// least; the largest group (1900 items, 2000 recipes) takes eight million.
-const std::int64_t STEPS = 2000000;
-const std::int64_t STEPS_PER_BYTE = 128;
-const std::int64_t MOST_STEPS = 1000000000;
-const int STEPS_BETWEEN_CHECKS = 1000;
-
-/// Processor time of the thread, for few steps that take long (a function on a text of megabytes). Never meant to end
-/// what a slow processor does: reading a plain megabyte takes some 30 ms of a desk's, a second of a slow panel's.
-const std::int64_t TIME = 5 * SECOND;
-const std::int64_t TIME_PER_MEGABYTE = 20 * SECOND;
-const std::int64_t MOST_TIME = 600 * SECOND;
-
-/// A sheet tries again at every touch, so a file whose statement took too much gets less: a quarter of the steps, and
-/// a quarter of the time each time again, down to a 64th.
-const std::int64_t LESS_STEPS = 4;
-const int LESS_TIME_BITS = 2;
-const int LEAST_TIME_BITS = 6;
-
-/// A statement on the widest table (2000 columns) looks some 2000 times. Views that stand on views may look billions of
-/// times before the first row is asked for.
-const int MOST_LOOKS = 8000;
-const int LOOKS_BETWEEN_CHECKS = 64;
-
-/// Bytes of text, and some for the field that holds it. A byte of the file is at most three of text (a zero in a REAL
-/// column is "0.0").
-const std::int64_t TAKEN = 4 * MEGABYTE;
-const std::int64_t TAKEN_PER_BYTE = 16;
-const std::int64_t FIELD = 8;
-
-/// Of one value. No function of a view makes a longer one; what stands in the file is shorter than the file.
-const std::int64_t VALUE = 4 * MEGABYTE;
-const std::int64_t MOST_VALUE = 64 * MEGABYTE;
-
-/// The least that a row takes: its place in the page, its length, its number, a header.
-const std::int64_t LEAST_ROW = 4;
-const std::int64_t FEW_ROWS = 1000;
-
-/// The processor time that the calling thread has taken, in nanoseconds.
-std::int64_t threadTime()
-{
-    struct timespec now = {0, 0};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return now.tv_sec * SECOND + now.tv_nsec;
-}
-
 std::int64_t sizeOf(const std::string& fileName)
 {
     struct stat status;
     return stat(fileName.c_str(), &status) == 0 ? static_cast<std::int64_t>(status.st_size) : 0;
 }
 
-std::int64_t smaller(std::int64_t a, std::int64_t b)
+// What SQLite calls with a statement's allowance while the statement runs. Not zero or SQLITE_DENY ends it.
+
+int stopWhenSpent(void* allowance)
 {
-    return a < b ? a : b;
+    return !static_cast<StatementAllowance*>(allowance)->takeSteps();
 }
 
-double larger(double a, double b)
+void countChange(void* allowance, int, const char*, const char*, sqlite3_int64)
 {
-    return a > b ? a : b;
+    static_cast<StatementAllowance*>(allowance)->takeChange();
+}
+
+int denyWhenSpent(void* allowance, int, const char*, const char*, const char*, const char*)
+{
+    return static_cast<StatementAllowance*>(allowance)->takeLook() ? SQLITE_OK : SQLITE_DENY;
 }
 
 /// No statement of ours uses them, and with long texts one call may take for ever. Nothing can stop it once it runs.
@@ -135,8 +89,7 @@ void refuseEndlessFunctions(sqlite3* file)
 } // namespace
 
 CSqliteInter::CSqliteInter()
-    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_size(0), m_started(0), m_steps(0), m_changes(0),
-      m_looks(0), m_taken(0), m_tookTooMuch(false), m_overruns(0)
+    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_allowance([this] { return fileBytes(); })
 {}
 
 CSqliteInter::~CSqliteInter()
@@ -154,25 +107,12 @@ int CSqliteInter::connect(const char* filename)
         m_pSqlite = nullptr; // a handle that comes with a failure is dropped, not closed; wanted
         return 0;
     }
-    sqlite3_progress_handler(m_pSqlite, STEPS_BETWEEN_CHECKS, &CSqliteInter::stopWhenSpent, this);
-    sqlite3_update_hook(m_pSqlite, &CSqliteInter::countChange, this);
-    sqlite3_set_authorizer(m_pSqlite, &CSqliteInter::denyWhenSpent, this);
-    sqlite3_limit(m_pSqlite, SQLITE_LIMIT_LENGTH, static_cast<int>(smaller(VALUE + 2 * fileBytes(), MOST_VALUE)));
+    sqlite3_progress_handler(m_pSqlite, StatementAllowance::stepsBetweenChecks(), &stopWhenSpent, &m_allowance);
+    sqlite3_update_hook(m_pSqlite, &countChange, &m_allowance);
+    sqlite3_set_authorizer(m_pSqlite, &denyWhenSpent, &m_allowance);
+    sqlite3_limit(m_pSqlite, SQLITE_LIMIT_LENGTH, static_cast<int>(StatementAllowance::longestValue(fileBytes())));
     refuseEndlessFunctions(m_pSqlite);
     return 1;
-}
-
-// --- the allowance ------------------------------------------------------------------------------------------------
-
-void CSqliteInter::startAllowance()
-{
-    m_size = -1;
-    m_started = threadTime();
-    m_steps = 0;
-    m_changes = 0;
-    m_looks = 0;
-    m_taken = 0;
-    m_tookTooMuch = false;
 }
 
 /// The size of the file, of what waits in its write-ahead log, and of the pages in memory, which a transaction may not
@@ -190,68 +130,12 @@ std::int64_t CSqliteInter::fileBytes() const
 
 std::int64_t CSqliteInter::mostRows() const
 {
-    return FEW_ROWS + fileBytes() / LEAST_ROW;
-}
-
-std::int64_t CSqliteInter::size() const
-{
-    if (m_size < 0)
-        m_size = fileBytes();
-    return m_size;
-}
-
-std::int64_t CSqliteInter::allowedSteps() const
-{
-    return smaller(STEPS + size() * STEPS_PER_BYTE, MOST_STEPS) / (m_overruns > 0 ? LESS_STEPS : 1);
-}
-
-/// No statement of ours writes more rows than there are.
-std::int64_t CSqliteInter::allowedChanges() const
-{
-    return FEW_ROWS + size() / LEAST_ROW;
+    return StatementAllowance::mostRows(fileBytes());
 }
 
 double CSqliteInter::spentShare() const
 {
-    return larger(double(m_steps) / double(allowedSteps()), double(m_changes) / double(allowedChanges()));
-}
-
-bool CSqliteInter::timeIsSpent() const
-{
-    const int bits = static_cast<int>(smaller(m_overruns * LESS_TIME_BITS, LEAST_TIME_BITS));
-    const std::int64_t taken = (threadTime() - m_started) << bits;
-    return taken > TIME && taken > smaller(TIME + size() / 1024 * (TIME_PER_MEGABYTE / 1024), MOST_TIME);
-}
-
-bool CSqliteInter::spent()
-{
-    // The first comparison of each spares the look at the file.
-    const bool tooManySteps = m_steps > STEPS / LESS_STEPS && m_steps > allowedSteps();
-    const bool tooManyChanges = m_changes > FEW_ROWS && m_changes > allowedChanges();
-    if (!tooManySteps && !tooManyChanges && !timeIsSpent())
-        return false;
-    ++m_overruns;
-    return true;
-}
-
-int CSqliteInter::stopWhenSpent(void* connection)
-{
-    CSqliteInter* const self = static_cast<CSqliteInter*>(connection);
-    self->m_steps += STEPS_BETWEEN_CHECKS;
-    return self->spent();
-}
-
-void CSqliteInter::countChange(void* connection, int, const char*, const char*, long long)
-{
-    ++static_cast<CSqliteInter*>(connection)->m_changes;
-}
-
-int CSqliteInter::denyWhenSpent(void* connection, int, const char*, const char*, const char*, const char*)
-{
-    CSqliteInter* const self = static_cast<CSqliteInter*>(connection);
-    ++self->m_looks;
-    const bool spent = self->m_looks > MOST_LOOKS || (self->m_looks % LOOKS_BETWEEN_CHECKS == 0 && self->spent());
-    return spent ? SQLITE_DENY : SQLITE_OK;
+    return m_allowance.spentShare();
 }
 
 /// The text of a column of the current row. An empty one where the statement has delivered too much; the next step then
@@ -259,13 +143,10 @@ int CSqliteInter::denyWhenSpent(void* connection, int, const char*, const char*,
 const char* CSqliteInter::takeText(int col)
 {
     const unsigned char* const text = sqlite3_column_text(m_pStmt, col);
-    m_taken += FIELD + (text ? sqlite3_column_bytes(m_pStmt, col) : 0);
-    if (m_taken > TAKEN && m_taken > TAKEN + TAKEN_PER_BYTE * size())
-        m_tookTooMuch = m_readFailed = true;
-    return text && !m_tookTooMuch ? reinterpret_cast<const char*>(text) : "";
+    if (!m_allowance.takeBytes(text ? sqlite3_column_bytes(m_pStmt, col) : 0))
+        m_readFailed = true;
+    return text && !m_allowance.deliveredTooMuch() ? reinterpret_cast<const char*>(text) : "";
 }
-
-// --- connection and statements ------------------------------------------------------------------------------------
 
 void CSqliteInter::disconnect()
 {
@@ -329,8 +210,7 @@ int CSqliteInter::execSQL(const char* sql)
 {
     require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_EXEC_SQL);
     queryFilish();
-    startAllowance();
-    size(); // before the statement: one that fills the file must not earn by it
+    m_allowance.startWriting();
     if (sqlite3_exec(m_pSqlite, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execSQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, sqlite3_errmsg(m_pSqlite));
@@ -341,7 +221,7 @@ int CSqliteInter::querySQL(const char* sql)
 {
     require(m_pSqlite && sql, CONNECTED_AND_SQL, IN_QUERY_SQL);
     queryFilish();
-    startAllowance();
+    m_allowance.startReading();
     const char* rest = "";
     const int code = sqlite3_prepare_v2(m_pSqlite, sql, -1, &m_pStmt, &rest);
     m_readFailed = code != SQLITE_OK && code != SQLITE_ERROR;
@@ -356,7 +236,7 @@ int CSqliteInter::execBegin()
 {
     require(m_pSqlite, CONNECTED, IN_EXEC_BEGIN);
     queryFilish();
-    startAllowance();
+    m_allowance.startReading();
     if (sqlite3_exec(m_pSqlite, "begin;", nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     // Names execSQL: the wording is kept.
@@ -368,7 +248,7 @@ int CSqliteInter::execCommit()
 {
     require(m_pSqlite, CONNECTED, IN_EXEC_COMMIT);
     queryFilish();
-    startAllowance();
+    m_allowance.startReading();
     if (sqlite3_exec(m_pSqlite, "commit;", nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execCommit() ERROR\n err=[%s]\n", sqlite3_errmsg(m_pSqlite));
@@ -380,7 +260,7 @@ int CSqliteInter::execRollBack()
     if (!m_pStmt)
         return 1;
     queryFilish();
-    startAllowance();
+    m_allowance.startReading();
     return sqlite3_exec(m_pSqlite, "ROLLBACK;", nullptr, nullptr, nullptr) == SQLITE_OK ? 0 : 1;
 }
 
@@ -409,7 +289,7 @@ const char* CSqliteInter::lastingCommits()
 
 bool CSqliteInter::accepts(const char* sql)
 {
-    startAllowance();
+    m_allowance.startReading();
     sqlite3_stmt* statement = nullptr;
     const int code = m_pSqlite ? sqlite3_prepare_v2(m_pSqlite, sql, -1, &statement, nullptr) : SQLITE_MISUSE;
     sqlite3_finalize(statement);
@@ -420,7 +300,7 @@ int CSqliteInter::queryStep()
 {
     if (!m_pStmt)
         return 0;
-    if (m_tookTooMuch)
+    if (m_allowance.deliveredTooMuch())
         return 0;
     const int code = sqlite3_step(m_pStmt);
     m_readFailed = code != SQLITE_ROW && code != SQLITE_DONE;

@@ -3,15 +3,13 @@
 // Order of calls for a query: querySQL, queryStep while it returns 1 (reading columns from 0 with getField...),
 // queryFilish. Starting another query or running any statement finalizes the open one.
 //
-// A file may hold views, triggers and computed columns that never end or never stop growing. So a statement gets an
-// allowance by the size that the file has when it starts: of steps of SQLite's machine, of changed rows, of delivered
-// bytes, of looks at the schema. These are counts, the same on every machine; what a plain table needs is a hundredth
-// of them. Processor time is the last resort, for statements whose single steps are slow. A statement that takes more
-// fails like one that the disk ended.
+// A statement that takes more than its allowance (statement_allowance.h) fails like one that the disk ended.
 //
 // No lock of its own: the owner serialises all calls. Return values differ by operation, see each.
 #ifndef SQLITE_INTER_H
 #define SQLITE_INTER_H
+
+#include "statement_allowance.h"
 
 #include <QString>
 
@@ -123,29 +121,11 @@ protected:
     sqlite3_stmt* m_pStmt; ///< null when no query is open
 
 private:
-    static int stopWhenSpent(void* connection);
-    static void countChange(void* connection, int, const char*, const char*, long long);
-    static int denyWhenSpent(void* connection, int, const char*, const char*, const char*, const char*);
-    void startAllowance();
-    std::int64_t size() const;
-    bool spent();
-    bool timeIsSpent() const;
-    std::int64_t allowedSteps() const;
-    std::int64_t allowedChanges() const;
     const char* takeText(int col);
     std::int64_t fileBytes() const;
 
     bool m_readFailed;
-    // Of the current statement.
-    /// What fileBytes() was before it. -1: not asked yet, and it cannot write; few statements need it.
-    mutable std::int64_t m_size;
-    std::int64_t m_started; ///< in nanoseconds of the thread's processor time
-    std::int64_t m_steps;   ///< of SQLite's machine
-    std::int64_t m_changes; ///< rows written, by triggers too
-    int m_looks;            ///< at the schema
-    std::int64_t m_taken;   ///< bytes delivered
-    bool m_tookTooMuch;
-    int m_overruns; ///< statements of this connection that took more than their allowance
+    StatementAllowance m_allowance;
 };
 
 #endif
