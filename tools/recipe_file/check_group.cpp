@@ -88,9 +88,9 @@ void GroupChecker::checkConfig()
 
 void GroupChecker::checkItems()
 {
-    Statement row(m_database, "SELECT row_index, address, datatype, totalDigits, decimalDigits, min, max, typeof(min), "
-                              "typeof(max), typeof(datatype) FROM "
-                                  + table("addr_") + " ORDER BY row_index");
+    Statement row(m_database, std::string("SELECT ") + ITEM_FIELDS
+                                  + ", typeof(min), typeof(max), typeof(datatype) FROM " + table("addr_")
+                                  + " ORDER BY row_index");
     std::int64_t expected = 0;
     while (row.step())
         checkItem(row, expected++);
@@ -103,14 +103,7 @@ void GroupChecker::checkItems()
 
 void GroupChecker::checkItem(const Statement& row, std::int64_t expectedIndex)
 {
-    recipeItemInfo_t item;
-    item.rowIndex = static_cast<int>(row.integer(0));
-    item.setAddress(QString::fromStdString(row.text(1)));
-    item.dataType = static_cast<int>(row.integer(2));
-    item.totalDigits = static_cast<int>(row.integer(3));
-    item.decimalDigits = static_cast<int>(row.integer(4));
-    item.min = row.number(5);
-    item.max = row.number(6);
+    const recipeItemInfo_t item = itemFrom(row);
     m_items.push_back(item);
     const std::string place = itemPlace(row.integer(0));
     if (row.integer(0) != expectedIndex)

@@ -38,19 +38,10 @@ void loadTitles(Database& database, recipeTableInfo_t& info)
 
 void loadItems(Database& database, recipeTableInfo_t& info)
 {
-    Statement row(database, "SELECT row_index, address, datatype, totalDigits, decimalDigits, min, max FROM "
-                                + tableName("addr_", info.groupIndex) + " ORDER BY row_index");
-    while (row.step()) {
-        recipeItemInfo_t item;
-        item.rowIndex = static_cast<int>(row.integer(0));
-        item.setAddress(QString::fromStdString(row.text(1)));
-        item.dataType = static_cast<int>(row.integer(2));
-        item.totalDigits = static_cast<int>(row.integer(3));
-        item.decimalDigits = static_cast<int>(row.integer(4));
-        item.min = row.number(5);
-        item.max = row.number(6);
-        info.items.append(item);
-    }
+    Statement row(database, std::string("SELECT ") + ITEM_FIELDS + " FROM " + tableName("addr_", info.groupIndex)
+                                + " ORDER BY row_index");
+    while (row.step())
+        info.items.append(itemFrom(row));
 }
 
 [[noreturn]] void refuseDamaged(const Database& database, int group, const std::string& fault)
@@ -145,6 +136,21 @@ std::vector<std::string> groupTitles(Database& database, int group)
 }
 
 } // namespace
+
+const char ITEM_FIELDS[] = "row_index, address, datatype, totalDigits, decimalDigits, min, max";
+
+recipeItemInfo_t itemFrom(const Statement& row)
+{
+    recipeItemInfo_t item;
+    item.rowIndex = static_cast<int>(row.integer(0));
+    item.setAddress(QString::fromStdString(row.text(1)));
+    item.dataType = static_cast<int>(row.integer(2));
+    item.totalDigits = static_cast<int>(row.integer(3));
+    item.decimalDigits = static_cast<int>(row.integer(4));
+    item.min = row.number(5);
+    item.max = row.number(6);
+    return item;
+}
 
 std::string tableName(const char* kind, int group)
 {

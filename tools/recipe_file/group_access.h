@@ -17,6 +17,11 @@ using Cell = std::optional<std::string>;
 /// A ToolError where the tables do not agree with each other: such a group is for `check`, not for work.
 recipeTableInfo_t loadGroup(Database& database, int group);
 
+/// What itemFrom() reads, as a SELECT names it. Further columns may follow.
+extern const char ITEM_FIELDS[];
+/// The item of a row of ITEM_FIELDS; without titles and values.
+recipeItemInfo_t itemFrom(const Statement& row);
+
 /// All group numbers, ascending.
 std::vector<int> groupNumbers(Database& database);
 
