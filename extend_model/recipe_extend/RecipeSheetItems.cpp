@@ -43,7 +43,8 @@ RecipeSheetItems::RecipeSheetItems()
       selectedColumn(NOTHING_SELECTED), vScrollWidth(30), arrowLength(30), hScrollHeight(30), arrowLength2(30),
       cellWidth(0), cellHeight(0), buttonBarHeight(40.0), firstColumn(0), firstRow(0), cellPressed(false), nameWidth(0),
       needsRepaint(false), blockColumns(50), blockRows(100), maxBlocks(6), accessCounter(0), readsMissed(false),
-      columnNamesLoaded(false), rowNamesLoaded(false), useDiffColor(0), useAddDel(0), worker(nullptr)
+      titlesMissed(false), columnNamesLoaded(false), rowNamesLoaded(false), useDiffColor(0), useAddDel(0),
+      worker(nullptr)
 {
     object* project = sys_base_get_app_pro()->project;
     if (project)

@@ -2,9 +2,9 @@
 //
 // Threads. Everything runs on the runtime's GUI thread, except replace and onThreadFinished, which the worker calls.
 //   dataMutex     guards what the worker's completion changes: recipeCount, itemCount, columnNames, rowNames and their
-//                 flags, blocks, accessCounter, readsMissed, both scroll axes with columnStep and rowStep, editedCells.
-//                 firstColumn, firstRow and the configuration that the completion reads are written under it too; the
-//                 GUI thread, their only writer, reads them without.
+//                 flags, blocks, accessCounter, readsMissed, titlesMissed, both scroll axes with columnStep and
+//                 rowStep, editedCells. firstColumn, firstRow and the configuration that the completion reads are
+//                 written under it too; the GUI thread, their only writer, reads them without.
 //   displayMutex  guards displayCells.
 // The two are never held together, and neither is held while the runtime is called: it may call back at once. Below
 // dataMutex only RecipeDB's own mutex is taken.
@@ -264,7 +264,7 @@ private:
     void takeTitle(const QString& text);
     void takeCell(const QString& text);
     void savePending();
-    void writePendingTitles();
+    bool writePendingTitles();
     void writePendingCells();
     bool workerIsBusy() const;
     void postBusy() const;
@@ -280,6 +280,7 @@ private:
     void evictOldestBlock();
     QString cachedText(int row, int column) const;
     void reloadCachedBlocks();
+    void reloadMissedTitles();
 
     QString itemName;
     RecipeDB* db; // not owned
@@ -377,6 +378,7 @@ private:
     QMap<idx_t, DataBlock> blocks; // by (block column, block row)
     int accessCounter;
     bool readsMissed;                       // blocks were wanted while a job used the file
+    bool titlesMissed;                      // recipes' titles could not be written, or not be read after a job
     QVector<QVector<QString> > columnNames; // per recipe its title per language
     QVector<QVector<QString> > rowNames;    // per item
     bool columnNamesLoaded;

@@ -115,6 +115,8 @@ void RecipeSheetItems::checkAndLoadRequiredBlocks()
     QMutexLocker lock(&dataMutex);
     if (readsMissed && !RecipeSheetThread::usesFile()) // the job that was in the way has failed
         reloadCachedBlocks();
+    if (titlesMissed && !RecipeSheetThread::usesFile())
+        reloadMissedTitles();
     const idx_t topLeft = getBlockIndex(firstRow, firstColumn);
     const idx_t bottomRight = getBlockIndex(lastNeeded(firstRow, rowsPerPage, MARGIN_ROWS, itemCount),
                                             lastNeeded(firstColumn, columnsPerPage, MARGIN_COLUMNS, recipeCount));
@@ -152,6 +154,24 @@ void RecipeSheetItems::reloadCachedBlocks()
     const QList<idx_t> keys = blocks.keys();
     for (int i = 0; i < keys.size(); ++i)
         loadBlock(keys.at(i).second, keys.at(i).first, true);
+}
+
+/// A fault kept the recipes' titles from the file, or the file's from here. What is shown is made the file's again,
+/// except what is still to be saved. Where that fails too, the next look tries again.
+void RecipeSheetItems::reloadMissedTitles()
+{
+    QVector<QVector<QString> > names(recipeCount);
+    if (db->findTable_Language_All(groupIndex, DB_LANGUAGE_COLUMN, names) != 0)
+        return;
+    for (int i = 0; i < editedList.size(); ++i) {
+        const int column = editedList.at(i);
+        if (column >= 0 && column < qMin(names.size(), columnNames.size()))
+            names[column] = columnNames.at(column);
+    }
+    columnNames = names;
+    columnNamesLoaded = true;
+    titlesMissed = false;
+    needsRepaint = true;
 }
 
 QString RecipeSheetItems::getDataFromBlocks(int row, int column) const

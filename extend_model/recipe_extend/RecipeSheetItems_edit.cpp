@@ -143,29 +143,33 @@ bool RecipeSheetItems::saveRecipeFile()
 void RecipeSheetItems::savePending()
 {
     const bool together = editedList.size() + editedCells.size() > 1 && db->beginEdits() == 0;
-    writePendingTitles();
+    bool titlesWritten = writePendingTitles();
     writePendingCells();
     if (together && db->commitEdits() != 0) {
-        writePendingTitles();
+        titlesWritten = writePendingTitles();
         writePendingCells();
     }
     editedList.clear();
     QMutexLocker lock(&dataMutex);
     editedCells.clear();
+    titlesMissed = titlesMissed || !titlesWritten;
 }
 
-/// In the order of editing, a title that was edited twice twice. Failures are not reported; wanted.
-void RecipeSheetItems::writePendingTitles()
+/// In the order of editing, a title that was edited twice twice. False: one was not written. The operator is not told,
+/// wanted; the sheet shows the file's titles again.
+bool RecipeSheetItems::writePendingTitles()
 {
+    bool written = true;
     for (int i = 0; i < editedList.size(); ++i) {
         const int column = editedList.at(i);
         dataMutex.lock();
         const bool exists = column >= 0 && column < columnNames.size();
         const QVector<QString> names = exists ? columnNames.at(column) : QVector<QString>();
         dataMutex.unlock();
-        if (exists)
-            db->updateTable_Language_Index(groupIndex, DB_LANGUAGE_COLUMN, column, names);
+        if (exists && db->updateTable_Language_Index(groupIndex, DB_LANGUAGE_COLUMN, column, names) != 0)
+            written = false;
     }
+    return written;
 }
 
 void RecipeSheetItems::writePendingCells()
@@ -251,7 +255,10 @@ void RecipeSheetItems::onThreadFinished(bool ok, int columns, int rows)
     computeThumb();
     columnNames.clear();
     columnNames.resize(columns);
-    if (db->findTable_Language_All(groupIndex, DB_LANGUAGE_COLUMN, columnNames) == 0 && !columnNames.isEmpty())
+    titlesMissed = db->findTable_Language_All(groupIndex, DB_LANGUAGE_COLUMN, columnNames) != 0;
+    if (titlesMissed)
+        columnNames.clear(); // a new title in one language would be saved with empty ones in all others
+    else if (!columnNames.isEmpty())
         columnNamesLoaded = true;
     const QList<idx_t> keys = blocks.keys();
     blocks.clear();

@@ -23,10 +23,29 @@ TEST_F(DiskFault, AtAnyOperationOfADeleteLeavesTheGroupWhole)
     strikeEverywhere(deleteJob(19));
 }
 
+/// When the titles could not be read after an add, a renamed recipe lost its titles in the other languages.
+TEST_F(DiskFault, AtAnyReadOfAnAddCostsARenamedRecipeNoOtherLanguage)
+{
+    prepare(50, 20);
+    renameAfterEveryReadError(addJob(3));
+}
+
 TEST_F(DiskFault, AFullDiskAtAnySizeLeavesTheGroupWhole)
 {
     prepare(120, 60);
     fillEverywhere(addJob(3));
+}
+
+TEST_F(DiskFault, AFullDiskAtAnySizeOfADeleteLeavesTheGroupWhole)
+{
+    prepare(120, 60);
+    fillEverywhere(deleteJob(3));
+}
+
+TEST_F(DiskFault, AFullDiskAtAnySizeOfASaveHarmsNoOtherCell)
+{
+    prepare(50, 20);
+    fillEverywhere(saveJob(20, 2), 1024);
 }
 
 TEST_F(DiskFault, AForeignLockAtAnyOperationOfASaveHarmsNoOtherCell)

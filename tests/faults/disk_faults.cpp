@@ -26,7 +26,6 @@ const DiskFault FAULTS[] = {
     {"write error", IO_ERROR, FaultVfs::Write, SQLITE_IOERR_WRITE},
     {"full disk", FULL_DISK, FaultVfs::Write, SQLITE_FULL},
     {"sync error", IO_ERROR, FaultVfs::Sync, SQLITE_IOERR_FSYNC},
-    {"truncate error", IO_ERROR, FaultVfs::Truncate, SQLITE_IOERR_TRUNCATE},
     {"delete error", IO_ERROR, FaultVfs::Delete, SQLITE_IOERR_DELETE},
     {"open error", IO_ERROR, FaultVfs::Open, SQLITE_CANTOPEN},
     {"refused lock", FOREIGN_LOCK, FaultVfs::Lock, SQLITE_BUSY},
@@ -60,8 +59,10 @@ bool DiskFaults::strike(const StorageJob& job, const Fault& fault, FaultTally& t
     EXPECT_EQ(damage(), "") << where;
     expectOldOrNew(job, announced, where);
     const bool isWhole = !HasFailure();
+    settle();
+    expectSheetShowsTheFile(job, sheet, where);
     expectNextJobWorks(job, sheet, where);
-    expectSheetShowsTheFile(sheet, where);
+    expectSheetShowsTheFile(job, sheet, where + ", after the same again");
     closeSheet(sheet);
     vfs.powerOff(FaultVfs::NothingUnsynced);
     vfs.reset();
@@ -95,7 +96,7 @@ void DiskFaults::expectNextJobWorks(const StorageJob& job, RecipeSheetItems& she
         << where << ": an open transaction swallowed the next edit";
 }
 
-void DiskFaults::expectSheetShowsTheFile(RecipeSheetItems& sheet, const std::string& where)
+void DiskFaults::expectSheetShowsTheFile(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where)
 {
     RecipeSheetProbe probe(sheet);
     probe.editedCells().clear();
@@ -107,6 +108,20 @@ void DiskFaults::expectSheetShowsTheFile(RecipeSheetItems& sheet, const std::str
                                                                   + " AS INTEGER) FROM data_0 WHERE column = 0;");
         EXPECT_EQ(probe.cellText(0, row).toStdString(), stored) << where;
     }
+    if (job.isTheSheets)
+        expectSheetShowsTitles(sheet, where);
+}
+
+void DiskFaults::expectSheetShowsTitles(RecipeSheetItems& sheet, const std::string& where)
+{
+    EXPECT_EQ(std::to_string(RecipeSheetProbe(sheet).recipeCount()),
+              outsideQuery(recipeFile(), "SELECT count(*) FROM data_0;"))
+        << where;
+    for (int c = 0; c < 6; ++c) {
+        const std::string stored = outsideQuery(
+            recipeFile(), "SELECT L0 FROM lang_0 WHERE type = 2 AND strIndex = " + std::to_string(c) + ";");
+        EXPECT_EQ(sheet.getColumnName(c).toStdString(), stored) << where << ", title " << c;
+    }
 }
 
 void DiskFaults::strikeEverywhere(const StorageJob& job)
@@ -114,29 +129,62 @@ void DiskFaults::strikeEverywhere(const StorageJob& job)
     learn(job);
     int strikes = 0;
     for (const DiskFault& fault : FAULTS) {
-        FaultTally tally(fault.kind);
-        for (int n = 1; !HasFailure(); ++n) {
-            const Fault here = {fault.kind, std::string(fault.name) + " " + std::to_string(n),
-                                [&] { vfs.failNth(fault.operation, n, fault.code); },
-                                [&] {
-                                    const bool struck = vfs.struck() > 0;
-                                    vfs.failNth(fault.operation, 0, SQLITE_OK);
-                                    return struck;
-                                }};
-            if (!strike(job, here, tally))
-                break;
+        for (const bool toTheEnd : {false, true}) {
+            FaultTally tally(fault.kind);
+            const std::string name = std::string(fault.name) + (toTheEnd ? " from operation " : " at operation ");
+            for (int n = 1; !HasFailure(); ++n) {
+                const Fault here = {fault.kind, name + std::to_string(n),
+                                    [&] { vfs.failNth(fault.operation, n, fault.code, toTheEnd); },
+                                    [&] {
+                                        const bool struck = vfs.struck() > 0;
+                                        vfs.failNth(fault.operation, 0, SQLITE_OK);
+                                        return struck;
+                                    }};
+                if (!strike(job, here, tally))
+                    break;
+            }
+            std::printf("%s, %s: struck %d times\n", job.name, (name + "n").c_str(), tally.struck());
+            EXPECT_GT(tally.struck(), 0) << name;
+            strikes += tally.struck();
         }
-        std::printf("%s, %s: struck at %d places\n", job.name, fault.name, tally.struck());
-        strikes += tally.struck();
     }
     EXPECT_GT(strikes, 20);
 }
 
-void DiskFaults::fillEverywhere(const StorageJob& job)
+void DiskFaults::renameAfterEveryReadError(const StorageJob& job)
+{
+    const char* const others = "SELECT L1, L2, L3, L4, L5, L6, L7 FROM lang_0 WHERE type = 2 AND strIndex = 1;";
+    learn(job);
+    const std::string titles = outsideQuery(recipeFile(), others);
+    FaultTally tally("I/O error");
+    for (int n = 1; !HasFailure(); ++n) {
+        restoreFile();
+        RecipeSheetItems& sheet = openSheet();
+        vfs.failNth(FaultVfs::Read, n, SQLITE_IOERR_READ);
+        SqliteErrors allowed(SqliteErrors::Allowed);
+        job.run(sheet);
+        const bool struck = vfs.struck() > 0;
+        vfs.failNth(FaultVfs::Read, 0, SQLITE_OK);
+        RecipeSheetProbe(sheet).selectedRow() = -1;
+        RecipeSheetProbe(sheet).selectedColumn() = 1;
+        sheet.keyboardReflash(QString::fromLatin1("Renamed"));
+        sheet.saveRecipeFile();
+        settle();
+        EXPECT_EQ(outsideQuery(recipeFile(), others), titles) << "read error " << n;
+        expectSheetShowsTitles(sheet, "read error " + std::to_string(n));
+        closeSheet(sheet);
+        if (!struck)
+            break;
+        tally.add(true, HasFailure() ? FaultTally::LostData : FaultTally::Fine);
+    }
+    EXPECT_GT(tally.struck(), 5);
+}
+
+void DiskFaults::fillEverywhere(const StorageJob& job, int step)
 {
     learn(job);
     FaultTally tally(FULL_DISK);
-    for (std::int64_t room = 0; !HasFailure(); room += 8192) {
+    for (std::int64_t room = 0; !HasFailure(); room += step) {
         const Fault here = {FULL_DISK, "room for " + std::to_string(room) + " bytes", [&] { vfs.fillAfter(room); },
                             [&] {
                                 vfs.fillAfter(-1);

@@ -15,10 +15,12 @@ protected:
     DiskFaults();
     ~DiskFaults() override;
 
-    /// Every kind of fault at each operation that it can strike.
+    /// Every kind of fault at each operation that it can strike: there alone, and from there to the end of the job.
     void strikeEverywhere(const StorageJob& job);
-    /// The disk gets full after every 8 KiB that the file grows.
-    void fillEverywhere(const StorageJob& job);
+    /// The disk gets full after every `step` bytes that files grow, and stays so to the end of the job.
+    void fillEverywhere(const StorageJob& job, int step = 8192);
+    /// A read error at each read of the job. Then recipe 1 is renamed in the first language, and saved.
+    void renameAfterEveryReadError(const StorageJob& job);
     /// Another process takes each kind of lock before each operation and holds it until the job has ended.
     void lockEverywhere(const StorageJob& job);
 
@@ -35,7 +37,8 @@ private:
     bool strike(const StorageJob& job, const Fault& fault, FaultTally& tally);
     void expectOldOrNew(const StorageJob& job, bool announced, const std::string& where);
     void expectNextJobWorks(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where);
-    void expectSheetShowsTheFile(RecipeSheetItems& sheet, const std::string& where);
+    void expectSheetShowsTheFile(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where);
+    static void expectSheetShowsTitles(RecipeSheetItems& sheet, const std::string& where);
 
     std::unique_ptr<class OtherProcess> m_other; // holds locks
 };

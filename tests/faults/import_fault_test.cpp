@@ -55,7 +55,7 @@ bool import(RecipeSheetItems&)
 
 StorageJob importJob()
 {
-    return {"import", "an import", import, true, true};
+    return {"import", "an import", import, true, true, false};
 }
 
 class PowerCutInAnImport : public PowerCuts

@@ -16,7 +16,7 @@ bool runWorker(int recipe, bool (RecipeSheetThread::*operation)())
     RecipeSheetThread* const worker = RecipeSheetThread::getInstance();
     worker->groupIndex = 0;
     worker->column = recipe;
-    worker->callback = nullptr;
+    worker->callback = &RecipeSheetItems::replace;
     worker->available = true;
     return (worker->*operation)();
 }
@@ -36,19 +36,27 @@ StorageJob saveJob(int cells, int titles)
         }
         return sheet.saveRecipeFile();
     };
-    return {titles > 0 ? "save of cells and titles" : "save of cells", "a save", run, cells + titles == 1, false};
+    return {titles > 0 ? "save of cells and titles" : "save of cells", "a save", run, cells + titles == 1, false, true};
 }
 
 StorageJob addJob(int recipe)
 {
-    return {"add", "an add or delete",
-            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::add); }, true, true};
+    return {"add",
+            "an add or delete",
+            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::add); },
+            true,
+            true,
+            true};
 }
 
 StorageJob deleteJob(int recipe)
 {
-    return {"delete", "an add or delete",
-            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::del); }, true, true};
+    return {"delete",
+            "an add or delete",
+            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::del); },
+            true,
+            true,
+            true};
 }
 
 StorageJobs::StorageJobs()

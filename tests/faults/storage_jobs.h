@@ -17,6 +17,7 @@ struct StorageJob
     std::function<bool(RecipeSheetItems& sheet)> run;
     bool atomic;            ///< the file is wholly old or wholly new; else each edited cell by itself
     bool announcesFailures; ///< a save says that it succeeded whatever happened
+    bool isTheSheets;       ///< done by the sheet, which then shows titles and counts anew too
 };
 
 StorageJob saveJob(int cells, int titles);
