@@ -6,6 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <vector>
+
 namespace {
 
 const char PATH[] = "/usr/tabrix/project/disk.db3";
@@ -147,6 +152,138 @@ TEST_F(FaultyDisk, BringsADeletedJournalBackUnlessTheDirectoryWasSynced)
     vfs.powerOff(FaultVfs::NothingUnsynced);
     vfs.reset();
     EXPECT_EQ(rows(), "old") << "what was committed is rolled back by the journal that came back";
+}
+
+const char RAW[] = "/usr/tabrix/project/raw";
+
+/// A file of the failing disk without a database in it, in sectors of one letter each.
+class RawFile
+{
+public:
+    RawFile() : m_memory(static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->szOsFile))
+    {
+        sqlite3_vfs* const disk = sqlite3_vfs_find(nullptr);
+        EXPECT_EQ(std::string(disk->zName), "fault");
+        EXPECT_EQ(
+            disk->xOpen(disk, RAW, file(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MAIN_DB, nullptr),
+            SQLITE_OK);
+    }
+    ~RawFile() { file()->pMethods->xClose(file()); }
+    RawFile(const RawFile&) = delete;
+    RawFile& operator=(const RawFile&) = delete;
+
+    /// One write: each letter fills a sector, from sector `first` on.
+    void write(int first, const std::string& letters)
+    {
+        std::string bytes;
+        for (const char letter : letters)
+            bytes.append(FaultVfs::SECTOR, letter);
+        EXPECT_EQ(
+            file()->pMethods->xWrite(file(), bytes.data(), static_cast<int>(bytes.size()), first * FaultVfs::SECTOR),
+            SQLITE_OK);
+    }
+    void sync() { EXPECT_EQ(file()->pMethods->xSync(file(), SQLITE_SYNC_FULL), SQLITE_OK); }
+    void truncate(int sectors)
+    {
+        EXPECT_EQ(file()->pMethods->xTruncate(file(), sectors * FaultVfs::SECTOR), SQLITE_OK);
+    }
+
+private:
+    sqlite3_file* file() { return reinterpret_cast<sqlite3_file*>(m_memory.data()); }
+
+    std::vector<char> m_memory;
+};
+
+/// What a cut leaves of the raw file, as letters; "." for a sector of zeros, "-" for no file.
+class ACutDisk : public FaultyDisk
+{
+protected:
+    template <typename Job> std::string leaves(FaultVfs::Survival survival, unsigned seed, Job job)
+    {
+        QFile::remove(QString::fromLatin1(RAW));
+        vfs.reset();
+        {
+            RawFile file;
+            job(file);
+            vfs.powerOff(survival, seed);
+        }
+        vfs.reset();
+        std::ifstream in(RAW, std::ios::binary);
+        if (!in)
+            return "-";
+        const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+        std::string letters;
+        for (std::size_t at = 0; at < bytes.size(); at += FaultVfs::SECTOR)
+            letters += bytes[at] == '\0' ? '.' : bytes[at];
+        return letters;
+    }
+    /// All that chance may leave.
+    template <typename Job> std::set<std::string> mayLeave(Job job)
+    {
+        std::set<std::string> result;
+        for (unsigned seed = 1; seed <= 500; ++seed)
+            result.insert(leaves(FaultVfs::RandomSectors, seed, job));
+        return result;
+    }
+};
+
+TEST_F(ACutDisk, LosesAnySectorsOfAWrite)
+{
+    const auto job = [](RawFile& file) {
+        file.write(0, "aa");
+        file.sync();
+        file.write(0, "bb");
+    };
+    EXPECT_EQ(mayLeave(job), (std::set<std::string>{"aa", "ab", "ba", "bb"}));
+    EXPECT_EQ(leaves(FaultVfs::NothingUnsynced, 1, job), "aa");
+    EXPECT_EQ(leaves(FaultVfs::EverythingSoFar, 1, job), "bb");
+}
+
+TEST_F(ACutDisk, LosesWhatAFileHasGrownOrShrunk)
+{
+    const auto grow = [](RawFile& file) {
+        file.write(0, "a");
+        file.sync();
+        file.write(1, "bc");
+    };
+    EXPECT_EQ(mayLeave(grow), (std::set<std::string>{"a", "ab", "a.c", "abc"}));
+    const auto shrink = [](RawFile& file) {
+        file.write(0, "abc");
+        file.sync();
+        file.truncate(1);
+    };
+    EXPECT_EQ(mayLeave(shrink), (std::set<std::string>{"a", "abc"}));
+    EXPECT_EQ(leaves(FaultVfs::NothingUnsynced, 1, shrink), "abc");
+}
+
+TEST_F(ACutDisk, WritesInAnotherOrder)
+{
+    const auto job = [](RawFile& file) {
+        file.write(0, "aa");
+        file.sync();
+        file.write(0, "b");
+        file.write(1, "b");
+    };
+    EXPECT_EQ(leaves(FaultVfs::LastWritesOnly, 1, job), "ab") << "the newer one without the older one";
+}
+
+TEST_F(ACutDisk, LosesANewFileThatWasNotSynced)
+{
+    const auto job = [](RawFile& file) { file.write(0, "a"); };
+    EXPECT_EQ(leaves(FaultVfs::NothingUnsynced, 1, job), "-");
+    EXPECT_EQ(leaves(FaultVfs::LastWritesOnly, 1, job), "-");
+    EXPECT_EQ(mayLeave(job), (std::set<std::string>{"-", "", "a"}));
+}
+
+TEST_F(ACutDisk, KeepsWhatWasSynced)
+{
+    const auto job = [](RawFile& file) {
+        file.write(0, "ab");
+        file.sync();
+    };
+    EXPECT_EQ(mayLeave(job), std::set<std::string>{"ab"});
+    EXPECT_EQ(leaves(FaultVfs::NothingUnsynced, 1, job), "ab");
+    EXPECT_EQ(leaves(FaultVfs::LastWritesOnly, 1, job), "ab");
 }
 
 } // namespace
