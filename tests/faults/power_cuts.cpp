@@ -1,9 +1,9 @@
 #include "power_cuts.h"
 
+#include "long_run.h"
 #include "sqlite_errors.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <random>
 
 namespace {
@@ -86,8 +86,7 @@ void PowerCuts::cutEverywhere(const StorageJob& job, bool thoroughly)
 
 void PowerCuts::cutSome(const StorageJob& job)
 {
-    const char* const wish = std::getenv("RECIPE_CUTS");
-    const int sample = wish ? std::atoi(wish) : SAMPLE;
+    const int sample = wishedFor("RECIPE_CUTS", SAMPLE, 1);
     m_tally.reset(new FaultTally(std::string("power cut in ") + job.kind));
     learn(job);
     restoreFile();
@@ -97,9 +96,11 @@ void PowerCuts::cutSome(const StorageJob& job)
     const int changes = vfs.changes();
     closeSheet(sheet);
     std::mt19937 random(20);
+    Progress progress(std::string("power cuts in ") + job.kind, sample);
     for (int i = 0; i < sample && !HasFailure(); ++i) {
         const int n = 1 + static_cast<int>(random() % static_cast<unsigned long>(changes));
         cutAt(job, n, SURVIVALS[i % 4], static_cast<unsigned>(random()));
+        progress.done(i + 1);
     }
     EXPECT_EQ(m_tally->struck(), sample);
     report(job);

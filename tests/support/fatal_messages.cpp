@@ -18,8 +18,10 @@ const char PLATFORM_NOISE[] = "This plugin does not support propagateSizeHints()
 
 void handle(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
+    if (text == QLatin1String(PLATFORM_NOISE))
+        return;
     std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
-    if (type == QtDebugMsg || type == QtInfoMsg || text == QLatin1String(PLATFORM_NOISE))
+    if (type == QtDebugMsg || type == QtInfoMsg)
         return;
     {
         QMutexLocker lock(&mutex);

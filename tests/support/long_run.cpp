@@ -1,0 +1,33 @@
+#include "long_run.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <stdexcept>
+
+int wishedFor(const char* variable, int otherwise, int least)
+{
+    const char* const wish = std::getenv(variable);
+    if (!wish)
+        return otherwise;
+    char* end = nullptr;
+    const long count = std::strtol(wish, &end, 10);
+    if (end == wish || *end != '\0' || count < least || count > std::numeric_limits<int>::max())
+        throw std::invalid_argument(std::string(variable) + " is \"" + wish + "\", expected a whole number of "
+                                    + std::to_string(least) + " or more");
+    return static_cast<int>(count);
+}
+
+Progress::Progress(const std::string& what, int total, Clock::duration interval)
+    : m_what(what), m_total(total), m_interval(interval), m_begun(Clock::now()), m_said(m_begun)
+{}
+
+void Progress::done(int count)
+{
+    const Clock::time_point now = Clock::now();
+    if (now - m_said < m_interval)
+        return;
+    m_said = now;
+    const long long seconds = std::chrono::duration_cast<std::chrono::seconds>(now - m_begun).count();
+    std::fprintf(stderr, "%s: %d of %d after %lld s\n", m_what.c_str(), count, m_total, seconds);
+}
