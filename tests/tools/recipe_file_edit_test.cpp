@@ -349,6 +349,19 @@ TEST_F(Edit, RestoreBringsBackWhatIsNoDatabaseAnyMore)
     }
 }
 
+/// A panel went on with the damaged file, and lost what was saved, until it was started again.
+TEST_F(Edit, RestoreSaysWhereARunningPanelDoesNotSeeTheFile)
+{
+    const char said[] = "recipe-file: This is a new file: a panel that is running must be started again to see it.\n";
+    ASSERT_EQ(run({"backup", "r.db3", "copy.db3"}).code, 0);
+    write("r.db3", "never a database, but long enough to be looked at");
+    EXPECT_EQ(run({"restore", "r.db3", "copy.db3"}).err.find(said), std::string::npos) << "only shown";
+    EXPECT_NE(run({"restore", "r.db3", "copy.db3", "--yes"}).err.find(said), std::string::npos);
+    EXPECT_NE(run({"restore", "new.db3", "copy.db3", "--yes"}).err.find(said), std::string::npos);
+    sql("r.db3", "DROP TABLE data_0;");
+    EXPECT_EQ(run({"restore", "r.db3", "copy.db3", "--yes"}).err.find(said), std::string::npos) << "in its place";
+}
+
 TEST_F(Edit, RestoreMakesAFileThatIsNotThere)
 {
     ASSERT_EQ(run({"backup", "r.db3", "copy.db3"}).code, 0);

@@ -35,7 +35,8 @@ struct Restoration
 {
     FileDifference difference;
     bool done = false;
-    std::string kept; ///< where what was replaced is; empty: nothing was
+    bool newFile = false; ///< programs that have the file open go on with the one that was there
+    std::string kept;     ///< where what was replaced is; empty: nothing was
 };
 
 /// A file that cannot be compared is no hindrance, it may be why one restores.
@@ -93,7 +94,7 @@ void replaceByRename(const Options& options, Database& copy, Restoration& result
     if (result.kept.empty())
         result.kept = keepBytesAside(options.file);
     placeCopy(copy, options.file, true);
-    result.done = true;
+    result.done = result.newFile = true;
 }
 
 Restoration replace(const Options& options, Database& copy)
@@ -116,7 +117,7 @@ Restoration makeMissing(const Options& options, Database& copy)
     if (!options.yes)
         return result;
     placeCopy(copy, options.file, false);
-    result.done = true;
+    result.done = result.newFile = true;
     return result;
 }
 
@@ -153,6 +154,7 @@ int restore(const Options& options, bool json)
                             {"file", options.file},
                             {"restored", result.done},
                             {"different", result.difference.different},
+                            {"newFile", result.newFile},
                             {"backup", result.kept.empty() ? Json(nullptr) : Json(result.kept)},
                             {"groups", result.difference.groups}}));
         return EXIT_DONE;
@@ -161,6 +163,8 @@ int restore(const Options& options, bool json)
     for (const std::string& line : result.difference.summaries)
         say(line);
     say(ending(options, result));
+    if (result.newFile)
+        say("This is a new file: a panel that is running must be started again to see it.");
     return EXIT_DONE;
 }
 
