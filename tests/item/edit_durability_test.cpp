@@ -3,8 +3,10 @@
 #include "touch_events.h"
 
 #include "outside_sqlite.h"
+#include "sqlite_errors.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 
 #include <csignal>
@@ -101,6 +103,27 @@ protected:
     }
 };
 
+/// What somebody leaves who puts another file in the place of the one that a sheet has open.
+class AReplacedFile : public TouchFixture
+{
+protected:
+    AReplacedFile()
+    {
+        writeGroup(SheetGroup());
+        EXPECT_TRUE(QFile::copy(recipeFile(), other()));
+    }
+    ~AReplacedFile() override { QFile::remove(other()); }
+
+    static QString other() { return recipeFile() + latin1(".other"); }
+    static QByteArray bytes(const QString& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    static std::string cell() { return outsideQuery(recipeFile(), "SELECT D0 FROM data_0 WHERE column = 0;"); }
+};
+
 } // namespace
 
 TEST_F(APowerCut, DISABLED_RightAfterTheMessage)
@@ -182,4 +205,26 @@ TEST_F(APowerCut, FindsWritesThatHaveBeenHandedToTheDisk)
         },
         &level, nullptr);
     EXPECT_GE(level.toInt(), 2) << "full, or more";
+}
+
+TEST_F(AReplacedFile, IsNotWrittenToUntilASheetIsBuiltAnew)
+{
+    RecipeSheetItems& sheet = startSheet();
+    const QByteArray before = bytes(other());
+    ASSERT_TRUE(QFile::remove(recipeFile()));
+    ASSERT_TRUE(QFile::rename(other(), recipeFile()));
+    {
+        const SqliteErrors refused(SqliteErrors::Allowed);
+        edit(sheet, 0, 0, latin1("11"));
+        EXPECT_TRUE(sheet.saveRecipeFile());
+        settle();
+    }
+    EXPECT_EQ(sheet.getDataFromBlocks(0, 0), latin1("0")) << "as the file has it";
+    EXPECT_EQ(bytes(recipeFile()), before);
+    EXPECT_FALSE(QFile::exists(recipeFile() + latin1("-journal")));
+
+    RecipeSheetItems& next = startSheet();
+    edit(next, 0, 0, latin1("12"));
+    EXPECT_TRUE(next.saveRecipeFile());
+    EXPECT_EQ(cell(), "12.0");
 }
