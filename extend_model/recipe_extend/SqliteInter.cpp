@@ -38,6 +38,13 @@ void require(bool holds, const char* condition, const Place& place)
         __assert_fail(condition, SOURCE_FILE, place.line, place.function);
 }
 
+/// A panel's standard output is a file or a pipe: what stays in its buffer is gone with the power, and seen by nobody
+/// until then.
+void showAtOnce()
+{
+    std::fflush(stdout);
+}
+
 /// Formats "...%s..." with a table name. False: it does not fit, and nothing may be run.
 template <std::size_t N>
 bool formatStatement(char (&buffer)[N], const char* pattern, const char* first, const char* second = "")
@@ -214,6 +221,7 @@ int CSqliteInter::execSQL(const char* sql)
     if (sqlite3_exec(m_pSqlite, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execSQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, sqlite3_errmsg(m_pSqlite));
+    showAtOnce();
     return 2;
 }
 
@@ -229,6 +237,7 @@ int CSqliteInter::querySQL(const char* sql)
         return 0;
     // The unparsed rest and not SQLite's message: wanted, it shows where a composed statement went wrong.
     std::printf("CSqliteInter::querySQL() ERROR\n sql=[%s]\n err=[%s]\n", sql, rest ? rest : "");
+    showAtOnce();
     return 2;
 }
 
@@ -241,6 +250,7 @@ int CSqliteInter::execBegin()
         return 0;
     // Names execSQL: the wording is kept.
     std::printf("CSqliteInter::execSQL() ERROR\n err=[%s]\n", sqlite3_errmsg(m_pSqlite));
+    showAtOnce();
     return 1;
 }
 
@@ -252,6 +262,7 @@ int CSqliteInter::execCommit()
     if (sqlite3_exec(m_pSqlite, "commit;", nullptr, nullptr, nullptr) == SQLITE_OK)
         return 0;
     std::printf("CSqliteInter::execCommit() ERROR\n err=[%s]\n", sqlite3_errmsg(m_pSqlite));
+    showAtOnce();
     return 1;
 }
 

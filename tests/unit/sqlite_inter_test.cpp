@@ -15,10 +15,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -177,6 +180,31 @@ TEST_F(Sqlite, StaysConnectedWhileAnOpenQueryKeepsItBusy)
     inter.queryFilish();
     inter.disconnect();
     EXPECT_EQ(inter.ping(), 0);
+}
+
+/// Where standard output is a file, SQLite's refusals came into it with the next 4 KiB or the end of the process.
+TEST_F(Sqlite, ShowsARefusalAtOnceWhereStandardOutputIsAFile)
+{
+    std::FILE* const log = std::tmpfile();
+    ASSERT_NE(log, nullptr);
+    std::FILE* const usual = stdout;
+    const auto logged = [log] {
+        struct stat status = {};
+        EXPECT_EQ(fstat(fileno(log), &status), 0);
+        return status.st_size;
+    };
+    stdout = log;
+    inter.execSQL("refused");
+    const auto afterWrite = logged();
+    inter.querySQL("refused");
+    const auto afterQuery = logged();
+    inter.execCommit();
+    const auto afterCommit = logged();
+    stdout = usual;
+    std::fclose(log);
+    EXPECT_GT(afterWrite, 0);
+    EXPECT_GT(afterQuery, afterWrite);
+    EXPECT_GT(afterCommit, afterQuery);
 }
 
 // The destructor once closed nothing while a query was open: the file stayed open for the life of the process.
