@@ -6,6 +6,7 @@
 #include "number_text.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 namespace {
@@ -103,7 +104,7 @@ QString getRecipeAutoExportPath()
 void backupRcpFile(object* item)
 {
     const QString path = getRcpFilePath(item);
-    if (QFile::exists(path))
+    if (QFileInfo(path).isFile()) // a pipe or a device would hold the panel, or fill the disk
         QFile::copy(path, path + QString::fromLatin1(BACKUP_SUFFIX));
 }
 

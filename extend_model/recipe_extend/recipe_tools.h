@@ -18,8 +18,8 @@ RECIPE_EXPORT QString getRcpFilePath(object* item);
 /// The directory of automatic exports, without a separator at its end.
 RECIPE_EXPORT QString getRecipeAutoExportPath();
 
-/// Copies the recipe file to its path + ".bak". An older backup is never replaced; without a recipe file nothing
-/// happens.
+/// Copies the recipe file to its path + ".bak". An older backup is never replaced; without a recipe file,
+/// or where something else has its name, nothing happens.
 RECIPE_EXPORT void backupRcpFile(object* item);
 
 RECIPE_EXPORT bool rcpFileIsExists(object* item);

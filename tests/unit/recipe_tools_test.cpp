@@ -83,6 +83,25 @@ TEST_F(RecipeFile, IsBackedUpByteForByteAndStays)
     EXPECT_EQ(files().size(), 2);
 }
 
+/// Where the name was a pipe's, a save waited for ever for somebody at its other end.
+TEST_F(RecipeFile, IsNotBackedUpWhereItIsNoOrdinaryFile)
+{
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/null"), FILE_PATH)); // ends at once where it is copied all the same
+    backupRcpFile(nullptr);
+    EXPECT_TRUE(rcpFileIsExists(nullptr));
+    EXPECT_EQ(files(), QStringList(QStringLiteral("recipeN.db3")));
+}
+
+/// On panels the file may stand on another partition.
+TEST_F(RecipeFile, IsBackedUpThroughALink)
+{
+    const QString elsewhere = DIRECTORY + QStringLiteral("elsewhere");
+    write(elsewhere, "recipes");
+    ASSERT_TRUE(QFile::link(elsewhere, FILE_PATH));
+    backupRcpFile(nullptr);
+    EXPECT_EQ(read(BACKUP_PATH), QByteArray("recipes"));
+}
+
 TEST_F(RecipeFile, NeverReplacesAnOlderBackup)
 {
     write(FILE_PATH, "new");
