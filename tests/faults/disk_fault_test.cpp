@@ -23,6 +23,34 @@ TEST_F(DiskFault, AtAnyOperationOfADeleteLeavesTheGroupWhole)
     strikeEverywhere(deleteJob(19));
 }
 
+TEST_F(DiskFault, AtAnyOperationOfAnAddInAGroupLargerThanTheMemoryLeavesTheGroupWhole)
+{
+    prepare(50, 20);
+    keepLittleInMemory();
+    strikeEverywhere(addJob(3));
+}
+
+TEST_F(DiskFault, AtAnyOperationOfADeleteInAGroupLargerThanTheMemoryLeavesTheGroupWhole)
+{
+    prepare(50, 20);
+    keepLittleInMemory();
+    strikeEverywhere(deleteJob(0));
+}
+
+TEST_F(DiskFault, AFullDiskInAGroupLargerThanTheMemoryLeavesTheGroupWhole)
+{
+    prepare(50, 20);
+    keepLittleInMemory();
+    fillEverywhere(addJob(3), 4096);
+}
+
+TEST_F(DiskFault, AForeignLockInAGroupLargerThanTheMemoryLeavesTheGroupWhole)
+{
+    prepare(50, 20);
+    keepLittleInMemory();
+    lockEverywhere(addJob(3));
+}
+
 /// When the titles could not be read after an add, a renamed recipe lost its titles in the other languages.
 TEST_F(DiskFault, AtAnyReadOfAnAddCostsARenamedRecipeNoOtherLanguage)
 {

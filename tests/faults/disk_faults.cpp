@@ -59,6 +59,7 @@ bool DiskFaults::strike(const StorageJob& job, const Fault& fault, FaultTally& t
     EXPECT_EQ(damage(), "") << where;
     expectOldOrNew(job, announced, where);
     const bool isWhole = !HasFailure();
+    expectNoLockIsLeft(where);
     settle();
     expectSheetShowsTheFile(job, sheet, where);
     expectNextJobWorks(job, sheet, where);
@@ -85,12 +86,19 @@ void DiskFaults::expectOldOrNew(const StorageJob& job, bool announced, const std
         << where << (announced ? ": success was announced" : ": a failure was announced");
 }
 
+/// An open transaction or query would keep others from writing.
+void DiskFaults::expectNoLockIsLeft(const std::string& where)
+{
+    EXPECT_EQ(outsideQuery(recipeFile(), "BEGIN EXCLUSIVE;"), "") << where << ": the file is still locked";
+}
+
 /// The same connection writes for good: another one sees it.
 void DiskFaults::expectNextJobWorks(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where)
 {
     const bool wasOld = contents() == m_before;
     EXPECT_TRUE(job.run(sheet)) << where << ": the same again";
     EXPECT_TRUE(!wasOld || contents() == m_after) << where << ": the same again";
+    expectNoLockIsLeft(where + ", after the same again");
     EXPECT_EQ(RecipeDB::getInstance()->updateTable_Data_Column_One(0, 0, 0, QString::fromLatin1("4711")), 0) << where;
     EXPECT_EQ(outsideQuery(recipeFile(), "SELECT D0 FROM data_0 WHERE column = 0;"), "4711.0")
         << where << ": an open transaction swallowed the next edit";

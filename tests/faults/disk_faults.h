@@ -37,6 +37,7 @@ private:
     bool strike(const StorageJob& job, const Fault& fault, FaultTally& tally);
     void expectOldOrNew(const StorageJob& job, bool announced, const std::string& where);
     void expectNextJobWorks(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where);
+    static void expectNoLockIsLeft(const std::string& where);
     void expectSheetShowsTheFile(const StorageJob& job, RecipeSheetItems& sheet, const std::string& where);
     static void expectSheetShowsTitles(RecipeSheetItems& sheet, const std::string& where);
 

@@ -35,6 +35,20 @@ TEST_F(PowerCut, AtAnyMomentOfADeleteLeavesTheGroupWhollyOldOrWhollyNew)
     cutEverywhere(deleteJob(3), true);
 }
 
+TEST_F(PowerCut, AtAnyMomentOfAnAddInAGroupLargerThanTheMemoryLeavesItWhollyOldOrWhollyNew)
+{
+    prepare(50, 20);
+    keepLittleInMemory();
+    cutEverywhere(addJob(3), true);
+}
+
+TEST_F(PowerCut, AtAnyMomentOfADeleteInAGroupLargerThanTheMemoryLeavesItWhollyOldOrWhollyNew)
+{
+    prepare(50, 20);
+    keepLittleInMemory();
+    cutEverywhere(deleteJob(3), true);
+}
+
 TEST_F(PowerCut, AtAnyMomentOfAnAddInALargerGroupLeavesItWhollyOldOrWhollyNew)
 {
     prepare(250, 120);

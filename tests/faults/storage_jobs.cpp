@@ -3,6 +3,7 @@
 #include "RecipeDB.h"
 #include "RecipeSheetThread.h"
 #include "outside_sqlite.h"
+#include "recipe_db_probe.h"
 #include "sqlite_errors.h"
 
 #include <QDir>
@@ -90,7 +91,12 @@ void StorageJobs::restoreFile()
 
 RecipeSheetItems& StorageJobs::openSheet()
 {
-    return startSheet();
+    RecipeSheetItems& sheet = startSheet();
+    if (m_littleMemory) {
+        sqlite3* const file = RecipeDBProbe::handle(*RecipeDB::getInstance());
+        EXPECT_EQ(sqlite3_exec(file, "PRAGMA cache_size=4;", nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    return sheet;
 }
 
 void StorageJobs::closeSheet(RecipeSheetItems& sheet)

@@ -32,6 +32,9 @@ protected:
 
     /// Makes the file that every run starts from.
     void prepare(int items, int recipes);
+    /// Of the file, only a few pages stay in the memory of the library from now on: a job then reads and writes the
+    /// disk in its middle too, as it does in a group that is larger than that memory.
+    void keepLittleInMemory() { m_littleMemory = true; }
     /// Puts the prepared file back, without journals, backups and half-made files, and makes the disk whole.
     void restoreFile();
     /// Constructs and configures a sheet on the file, with the disk whole.
@@ -52,7 +55,8 @@ protected:
                                          const std::vector<std::string>& found, const std::string& where);
 
     FaultVfs& vfs;
-    QString m_pristine;   // path of the prepared file
+    QString m_pristine; // path of the prepared file
+    bool m_littleMemory = false;
     std::string m_before; // what the file holds, once learnt
     std::string m_after;
     std::vector<std::string> m_beforeLines;
