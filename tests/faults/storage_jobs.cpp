@@ -103,6 +103,7 @@ void StorageJobs::closeSheet(RecipeSheetItems& sheet)
 {
     destroySheet(sheet);
     RecipeDB::getInstance()->CloseRecipeFile();
+    EXPECT_EQ(vfs.openFiles(), 0) << "the file was not closed";
 }
 
 std::vector<std::string> StorageJobs::lines()

@@ -7,7 +7,10 @@
 
 #include <QMutexLocker>
 
+#include <sqlite3.h>
+
 #include <memory>
+#include <string>
 
 /// Opens the protected members of any connection.
 class SqliteInterProbe : public CSqliteInter
@@ -32,6 +35,14 @@ public:
     /// Null while no file is open.
     static CSqliteInter* connection(RecipeDB& db) { return db.m_sqlite; }
     static sqlite3* handle(RecipeDB& db) { return db.m_sqlite ? SqliteInterProbe::handle(*db.m_sqlite) : nullptr; }
+
+    /// The text of a statement that was not finalized: it keeps the file locked, or open when it is to be closed.
+    /// Empty: there is none.
+    static std::string openStatement(RecipeDB& db)
+    {
+        sqlite3_stmt* const statement = handle(db) ? sqlite3_next_stmt(handle(db), nullptr) : nullptr;
+        return statement ? sqlite3_sql(statement) : "";
+    }
 
     /// Takes the place of the connection, which is closed. `db` owns it from now on.
     static void setConnection(RecipeDB& db, CSqliteInter* connection)

@@ -56,6 +56,7 @@ class StorageTest : public testing::Test
 {
 protected:
     StorageTest() : path(recipeFilePath()), db(RecipeDBProbe::make()) { cleanProjectDirectory(); }
+    ~StorageTest() override { EXPECT_EQ(RecipeDBProbe::openStatement(*db), ""); }
 
     /// A file with an empty configuration table, opened.
     void openEmpty()
