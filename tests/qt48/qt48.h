@@ -1074,6 +1074,15 @@ public:
     static QByteArray encodeName(const QString& name);
 };
 
+class QFileInfo
+{
+public:
+    QFileInfo();
+    QFileInfo(const QString& file);
+    ~QFileInfo();
+    bool isFile() const;
+};
+
 class QMetaType
 {
 public:
