@@ -22,8 +22,10 @@ protected:
         QPainter painter(&image);
         sheet.HMIpaint(nullptr, QString(), &painter, false);
         tap(sheet, probe.cellRect(round % 5, round % 10).center());
+        for (int i = 0; i < 100; ++i)
+            sheet.keyboardReflash(QString::number(i)); // into a cell
         tap(sheet, probe.titleCellRect(round % 5).center());
-        sheet.keyboardReflash(QString::number(round));
+        sheet.keyboardReflash(QString::number(round)); // into a title
         tap(sheet, round % 3 == 0 ? probe.leftArrowRect().center() : probe.rightArrowRect().center());
         tap(sheet, round % 3 == 1 ? probe.upArrowRect().center() : probe.downArrowRect().center());
         press(sheet, probe.verticalTrackRect().center());
