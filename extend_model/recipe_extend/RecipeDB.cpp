@@ -279,6 +279,7 @@ int RecipeDB::TruncateRecipeConfig()
     QMutexLocker lock(&m_lock);
     if (!m_sqlite)
         return 1;
+    syncFully();
     return m_sqlite->truncateTable("recipe_config");
 }
 

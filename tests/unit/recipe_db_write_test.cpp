@@ -113,6 +113,10 @@ TEST_F(RecipeDBLife, SyncsTheDirectoryTooWhenItWritesToAFileThatWasLockedAtFirst
     openWhileLocked(*db, path);
     EXPECT_EQ(db->execBegin(), 0);
     EXPECT_EQ(syncLevel(*db), 3);
+
+    openWhileLocked(*db, path);
+    EXPECT_EQ(db->TruncateRecipeConfig(), 0);
+    EXPECT_EQ(syncLevel(*db), 3);
 }
 
 class Unopenable : public StorageTest, public testing::WithParamInterface<const char*>
