@@ -33,6 +33,7 @@ namespace {
 const int CHECK_EVERY = 20; // actions
 const int RESTARTS = 50;    // in a run, at least
 const int RESTART_EVERY = 1000;
+const int TELL_EVERY = 20000;
 #ifdef __SANITIZE_ADDRESS__
 const std::size_t NOISE = 4096; // bytes
 #else
@@ -141,6 +142,8 @@ protected:
                 check();
             if (i % restartEvery == restartEvery - 1)
                 restart();
+            if ((i + 1) % TELL_EVERY == 0)
+                tellProgress(i + 1);
         }
         if (HasFailure()) {
             tally.add(true, FaultTally::LostData); // the sheet does not show what the file holds
@@ -160,6 +163,14 @@ protected:
         else if (i >= late)
             times[kind].late.add(took);
         ++times[kind].count;
+    }
+
+    /// Whoever waits for a long run wants to know how long, and whether it is worth while.
+    void tellProgress(int done) const
+    {
+        const Holdings last = held.empty() ? Holdings() : held.back();
+        std::fprintf(stderr, "soak: %d of %d actions, %.0f s of processor time, at rest %zu bytes and %d handles\n",
+                     done, actions, cpuSeconds(), last.bytes, last.handles);
     }
 
     /// Every other time with what is pending saved.
