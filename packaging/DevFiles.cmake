@@ -12,7 +12,7 @@ target_compile_features(recipe_dev_runtime INTERFACE cxx_std_11)
 set(records_dir "${PROJECT_SOURCE_DIR}/extend_model/recipe_extend")
 add_library(recipe_dev_records STATIC "${records_dir}/recipe_records.cpp")
 recipe_target(recipe_dev_records 11)
-set_target_properties(recipe_dev_records PROPERTIES EXPORT_NAME Records OUTPUT_NAME recipe_records AUTOMOC OFF
+set_target_properties(recipe_dev_records PROPERTIES EXPORT_NAME Records OUTPUT_NAME recipe_records
     ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 target_include_directories(recipe_dev_records PUBLIC "$<BUILD_INTERFACE:${records_dir}>"
     "$<INSTALL_INTERFACE:${records_headers_dir}>")
