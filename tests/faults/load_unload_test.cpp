@@ -318,7 +318,7 @@ private:
 TEST_F(LoadAndUnload, TakesTheWholeLibraryAwayAndAllThatItHeld)
 {
     const int count = wishedFor("RECIPE_LOADS", LOADS, LOADS_TO_COMPARE);
-    Progress progress("loads and unloads", count);
+    LongRun progress("loads and unloads", count);
     const bool counted = countBlocks();
     int handles = 0;
     int first = 0;

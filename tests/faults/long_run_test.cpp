@@ -18,19 +18,19 @@ int askedFor(const char* wish)
     return wishedFor(VARIABLE, 8, 1);
 }
 
-TEST(LongRun, TakesTheUsualAmountWhereNothingIsAskedFor)
+TEST(ALongRun, TakesTheUsualAmountWhereNothingIsAskedFor)
 {
     EXPECT_EQ(wishedFor(VARIABLE, 8, 1), 8);
 }
 
-TEST(LongRun, TakesWhatIsAskedFor)
+TEST(ALongRun, TakesWhatIsAskedFor)
 {
     EXPECT_EQ(askedFor("1"), 1);
     EXPECT_EQ(askedFor("1000000"), 1000000);
 }
 
 /// With "1e6" one cut was tried, with "abc" none.
-TEST(LongRun, RefusesWhatIsNoAmount)
+TEST(ALongRun, RefusesWhatIsNoAmount)
 {
     for (const char* const wish : {"", "abc", "1e6", "10 000", "0", "-3", "99999999999"}) {
         try {
@@ -43,18 +43,18 @@ TEST(LongRun, RefusesWhatIsNoAmount)
     }
 }
 
-TEST(LongRun, TellsHowFarItIsNowAndThen)
+TEST(ALongRun, TellsHowFarItIsNowAndThen)
 {
     testing::internal::CaptureStderr();
-    Progress seldom("cuts", 300, std::chrono::hours(1));
-    Progress often("cuts", 300, std::chrono::seconds(0));
+    LongRun seldom("cuts", 300, std::chrono::hours(1));
+    LongRun often("cuts", 300, std::chrono::seconds(0));
     seldom.done(20);
     often.done(40);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::MatchesRegex("cuts: 40 of 300 after [0-9]+ s\n"));
 }
 
 /// Each question to the operator makes the offscreen platform say so: ten thousand lines in a run of thousands.
-TEST(LongRun, IsNotDrownedInWhatTheOffscreenPlatformSays)
+TEST(ALongRun, IsNotDrownedInWhatTheOffscreenPlatformSays)
 {
     testing::internal::CaptureStderr();
     qWarning("This plugin does not support propagateSizeHints()");

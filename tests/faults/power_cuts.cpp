@@ -96,7 +96,7 @@ void PowerCuts::cutSome(const StorageJob& job)
     const int changes = vfs.changes();
     closeSheet(sheet);
     std::mt19937 random(20);
-    Progress progress(std::string("power cuts in ") + job.kind, sample);
+    LongRun progress(std::string("power cuts in ") + job.kind, sample);
     for (int i = 0; i < sample && !HasFailure(); ++i) {
         const int n = 1 + static_cast<int>(random() % static_cast<unsigned long>(changes));
         cutAt(job, n, SURVIVALS[i % 4], static_cast<unsigned>(random()));

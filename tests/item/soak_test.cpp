@@ -7,6 +7,7 @@
 #include "RecipeDB.h"
 #include "RecipeSheetThread.h"
 #include "fault_tally.h"
+#include "long_run.h"
 
 #include <QDir>
 #include <QPixmapCache>
@@ -33,24 +34,19 @@ namespace {
 const int CHECK_EVERY = 20; // actions
 const int RESTARTS = 50;    // in a run, at least
 const int RESTART_EVERY = 1000;
-const int TELL_EVERY = 20000;
 #ifdef __SANITIZE_ADDRESS__
 const std::size_t NOISE = 4096; // bytes
 #else
 const std::size_t NOISE = 65536; // what threads keep in their caches counts as allocated here
 #endif
-const int ENOUGH_TIMES = 30; // to compare
+const int LEAST_ACTIONS = 2000; // for enough times of each
+const int ENOUGH_TIMES = 30;    // to compare
 const double SLOWER_AT_MOST = 2.0;
-
-int wish(const char* variable, int otherwise)
-{
-    const char* const value = std::getenv(variable);
-    return value ? std::atoi(value) : otherwise;
-}
 
 Day longDays()
 {
-    return {"LongDays", static_cast<unsigned>(wish("RECIPE_SOAK_SEED", 31)), 20, 8, wish("RECIPE_SOAK", 5000)};
+    return {"LongDays", static_cast<unsigned>(wishedFor("RECIPE_SOAK_SEED", 31, 0)), 20, 8,
+            wishedFor("RECIPE_SOAK", 5000, LEAST_ACTIONS)};
 }
 
 /// Bytes that the program has allocated and not given back.
@@ -135,6 +131,7 @@ protected:
     {
         const int restartEvery = std::min(RESTART_EVERY, std::max(1, actions / RESTARTS));
         held.reserve(static_cast<std::size_t>(actions / restartEvery + 1));
+        LongRun progress("random actions", actions);
         begin();
         for (int i = 0; i < actions && !HasFailure(); ++i) {
             act(i);
@@ -142,8 +139,7 @@ protected:
                 check();
             if (i % restartEvery == restartEvery - 1)
                 restart();
-            if ((i + 1) % TELL_EVERY == 0)
-                tellProgress(i + 1);
+            progress.done(i + 1);
         }
         if (HasFailure()) {
             tally.add(true, FaultTally::LostData); // the sheet does not show what the file holds
@@ -163,14 +159,6 @@ protected:
         else if (i >= late)
             times[kind].late.add(took);
         ++times[kind].count;
-    }
-
-    /// Whoever waits for a long run wants to know how long, and whether it is worth while.
-    void tellProgress(int done) const
-    {
-        const Holdings last = held.empty() ? Holdings() : held.back();
-        std::fprintf(stderr, "soak: %d of %d actions, %.0f s of processor time, at rest %zu bytes and %d handles\n",
-                     done, actions, cpuSeconds(), last.bytes, last.handles);
     }
 
     /// Every other time with what is pending saved.

@@ -18,11 +18,11 @@ int wishedFor(const char* variable, int otherwise, int least)
     return static_cast<int>(count);
 }
 
-Progress::Progress(const std::string& what, int total, Clock::duration interval)
+LongRun::LongRun(const std::string& what, int total, Clock::duration interval)
     : m_what(what), m_total(total), m_interval(interval), m_begun(Clock::now()), m_said(m_begun)
 {}
 
-void Progress::done(int count)
+void LongRun::done(int count)
 {
     const Clock::time_point now = Clock::now();
     if (now - m_said < m_interval)

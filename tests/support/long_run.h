@@ -11,13 +11,13 @@
 int wishedFor(const char* variable, int otherwise, int least);
 
 /// Says on standard error how far a run is, once in a while. One thread.
-class Progress
+class LongRun
 {
 public:
     typedef std::chrono::steady_clock Clock;
 
     /// `what` is done `total` times.
-    Progress(const std::string& what, int total, Clock::duration interval = std::chrono::seconds(10));
+    LongRun(const std::string& what, int total, Clock::duration interval = std::chrono::seconds(10));
 
     void done(int count);
 
