@@ -96,7 +96,8 @@ void refuseEndlessFunctions(sqlite3* file)
 } // namespace
 
 CSqliteInter::CSqliteInter()
-    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_allowance([this] { return fileBytes(); })
+    : m_pSqlite(nullptr), m_pStmt(nullptr), m_readFailed(false), m_textLost(false),
+      m_allowance([this] { return fileBytes(); })
 {}
 
 CSqliteInter::~CSqliteInter()
@@ -145,14 +146,16 @@ double CSqliteInter::spentShare() const
     return m_allowance.spentShare();
 }
 
-/// The text of a column of the current row. An empty one where the statement has delivered too much; the next step then
-/// ends it.
+/// The text of a column of the current row. An empty one where the statement has delivered too much or the memory for
+/// the text is not there; the read has failed then, and the next step ends it: who writes the group back must not take
+/// it for an empty cell.
 const char* CSqliteInter::takeText(int col)
 {
+    const bool isNull = sqlite3_column_type(m_pStmt, col) == SQLITE_NULL;
     const unsigned char* const text = sqlite3_column_text(m_pStmt, col);
-    if (!m_allowance.takeBytes(text ? sqlite3_column_bytes(m_pStmt, col) : 0))
-        m_readFailed = true;
-    return text && !m_allowance.deliveredTooMuch() ? reinterpret_cast<const char*>(text) : "";
+    if (!m_allowance.takeBytes(text ? sqlite3_column_bytes(m_pStmt, col) : 0) || (!text && !isNull))
+        m_readFailed = m_textLost = true;
+    return text && !m_textLost ? reinterpret_cast<const char*>(text) : "";
 }
 
 void CSqliteInter::disconnect()
@@ -233,6 +236,7 @@ int CSqliteInter::querySQL(const char* sql)
     const char* rest = "";
     const int code = sqlite3_prepare_v2(m_pSqlite, sql, -1, &m_pStmt, &rest);
     m_readFailed = code != SQLITE_OK && code != SQLITE_ERROR;
+    m_textLost = false;
     if (code == SQLITE_OK)
         return 0;
     // The unparsed rest and not SQLite's message: wanted, it shows where a composed statement went wrong.
@@ -311,7 +315,7 @@ int CSqliteInter::queryStep()
 {
     if (!m_pStmt)
         return 0;
-    if (m_allowance.deliveredTooMuch())
+    if (m_textLost)
         return 0;
     const int code = sqlite3_step(m_pStmt);
     m_readFailed = code != SQLITE_ROW && code != SQLITE_DONE;

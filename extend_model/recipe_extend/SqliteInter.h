@@ -92,7 +92,8 @@ public:
     bool inTransaction() const;
 
     /// Whether the last querySQL or queryStep failed for another reason than the statement itself: the disk, a lock, a
-    /// damaged file. queryStep's 0 alone does not tell such a failure from the end of the rows.
+    /// damaged file, or memory that was not there for a text. queryStep's 0 alone does not tell such a failure from the
+    /// end of the rows.
     bool readFailed() const { return m_readFailed; }
 
     /// 1 with the number that the column of the current row holds; 0, with `out` as it was, where it is stored as
@@ -125,6 +126,7 @@ private:
     std::int64_t fileBytes() const;
 
     bool m_readFailed;
+    bool m_textLost; ///< of the open query; it delivers no more rows
     StatementAllowance m_allowance;
 };
 

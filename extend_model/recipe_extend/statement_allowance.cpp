@@ -76,8 +76,7 @@ std::int64_t StatementAllowance::longestValue(std::int64_t fileBytes)
 }
 
 StatementAllowance::StatementAllowance(const std::function<std::int64_t()>& fileBytes)
-    : m_fileBytes(fileBytes), m_overruns(0), m_size(-1), m_started(0), m_steps(0), m_changes(0), m_looks(0), m_bytes(0),
-      m_deliveredTooMuch(false)
+    : m_fileBytes(fileBytes), m_overruns(0), m_size(-1), m_started(0), m_steps(0), m_changes(0), m_looks(0), m_bytes(0)
 {}
 
 void StatementAllowance::startReading()
@@ -88,7 +87,6 @@ void StatementAllowance::startReading()
     m_changes = 0;
     m_looks = 0;
     m_bytes = 0;
-    m_deliveredTooMuch = false;
 }
 
 void StatementAllowance::startWriting()
@@ -112,9 +110,7 @@ bool StatementAllowance::takeLook()
 bool StatementAllowance::takeBytes(std::int64_t bytes)
 {
     m_bytes += FIELD + bytes;
-    if (m_bytes > BYTES && m_bytes > BYTES + BYTES_PER_BYTE * size())
-        m_deliveredTooMuch = true;
-    return !m_deliveredTooMuch;
+    return m_bytes <= BYTES || m_bytes <= BYTES + BYTES_PER_BYTE * size();
 }
 
 double StatementAllowance::spentShare() const

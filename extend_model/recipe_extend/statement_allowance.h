@@ -37,9 +37,6 @@ public:
     /// A changed row; the steps that belong to it tell when there are too many.
     void takeChange() { ++m_changes; }
 
-    /// Whether takeBytes() has said false since the start.
-    bool deliveredTooMuch() const { return m_deliveredTooMuch; }
-
     /// The largest part of its steps and changes that the statement has taken: more than 1 is too much.
     double spentShare() const;
 
@@ -60,7 +57,6 @@ private:
     std::int64_t m_changes;      ///< rows written, by triggers too
     int m_looks;                 ///< at the schema
     std::int64_t m_bytes;        ///< delivered
-    bool m_deliveredTooMuch;
 };
 
 #endif

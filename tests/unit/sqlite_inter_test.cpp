@@ -13,6 +13,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -44,7 +45,18 @@ protected:
     std::string outside(const std::string& sql) const { return outsideQuery(recipeFilePath(), sql); }
 
     const char* const name = "/usr/tabrix/project/recipeN.db3";
+    const char* const utf16Name = "/usr/tabrix/project/utf16.db3";
     CSqliteInter inter;
+};
+
+/// As long as it lives, SQLite gets no more memory than this, in bytes.
+class HeapLimit
+{
+public:
+    explicit HeapLimit(long long bytes) { sqlite3_hard_heap_limit64(bytes); }
+    ~HeapLimit() { sqlite3_hard_heap_limit64(0); }
+    HeapLimit(const HeapLimit&) = delete;
+    HeapLimit& operator=(const HeapLimit&) = delete;
 };
 
 // --- shape -------------------------------------------------------------------------------------------------------
@@ -547,6 +559,42 @@ TEST_F(Sqlite, ReadsEveryKindOfField)
     EXPECT_EQ(real, 1.5);
     EXPECT_EQ(bytes, "Stra\u00dfe");
     EXPECT_EQ(text, QString::fromUtf8("Stra\u00dfe"));
+}
+
+/// An add or a delete would have written the empty text back.
+TEST_F(Sqlite, FailsAReadWhereTheMemoryForATextIsNotThere)
+{
+    OutsideSqlite file(QString::fromLatin1(utf16Name));
+    file.exec("PRAGMA encoding='UTF-16'; CREATE TABLE t(a); INSERT INTO t VALUES('" + std::string(1 << 20, 'x')
+              + "'), ('y');");
+    CSqliteInter utf16;
+    ASSERT_EQ(utf16.connect(utf16Name), 1);
+    ASSERT_EQ(utf16.querySQL("SELECT a FROM t;"), 0);
+    ASSERT_EQ(utf16.queryStep(), 1);
+    std::string text = "before";
+    {
+        const HeapLimit limit(sqlite3_memory_used() + 1000);
+        EXPECT_EQ(utf16.getFieldStr(0, text), 1);
+    }
+    EXPECT_EQ(text, "");
+    EXPECT_TRUE(utf16.readFailed());
+    EXPECT_EQ(utf16.queryStep(), 0);
+    EXPECT_TRUE(utf16.readFailed()) << "it is not the end of the rows";
+
+    ASSERT_EQ(utf16.querySQL("SELECT a FROM t WHERE a = 'y';"), 0);
+    EXPECT_EQ(utf16.queryStep(), 1);
+    EXPECT_FALSE(utf16.readFailed());
+}
+
+TEST_F(Sqlite, TakesNothingThatIsEmptyForAFailure)
+{
+    row("SELECT NULL, '', x'', zeroblob(0);");
+    for (int column = 0; column < 4; ++column) {
+        std::string text = "before";
+        EXPECT_EQ(inter.getFieldStr(column, text), 1);
+        EXPECT_EQ(text, "");
+        EXPECT_FALSE(inter.readFailed()) << column;
+    }
 }
 
 TEST_F(Sqlite, CutsIntegersToTheWidthOfTheirTarget)
