@@ -11,8 +11,6 @@ namespace {
 const FaultVfs::Survival SURVIVALS[] = {FaultVfs::NothingUnsynced, FaultVfs::EverythingSoFar, FaultVfs::RandomSectors,
                                         FaultVfs::LastWritesOnly};
 
-const int SAMPLE = 8; // cuts in a large group, each some seconds on a busy machine
-
 } // namespace
 
 /// Cuts at the n-th change of the disk. False: the job ended before; the power goes then.
@@ -86,7 +84,7 @@ void PowerCuts::cutEverywhere(const StorageJob& job, bool thoroughly)
 
 void PowerCuts::cutSome(const StorageJob& job)
 {
-    const int sample = wishedFor("RECIPE_CUTS", SAMPLE, 1);
+    const int sample = wishedFor("RECIPE_CUTS", CUTS_IN_A_LARGE_GROUP, 1);
     m_tally.reset(new FaultTally(std::string("power cut in ") + job.kind));
     learn(job);
     restoreFile();
