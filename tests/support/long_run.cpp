@@ -1,8 +1,9 @@
 #include "long_run.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
+#include <cstring>
 #include <stdexcept>
 
 int wishedFor(const char* variable, int otherwise, int least)
@@ -10,12 +11,13 @@ int wishedFor(const char* variable, int otherwise, int least)
     const char* const wish = std::getenv(variable);
     if (!wish)
         return otherwise;
-    char* end = nullptr;
-    const long count = std::strtol(wish, &end, 10);
-    if (end == wish || *end != '\0' || count < least || count > std::numeric_limits<int>::max())
+    int count = 0;
+    const char* const end = wish + std::strlen(wish);
+    const std::from_chars_result read = std::from_chars(wish, end, count); // refuses what an int cannot hold
+    if (read.ec != std::errc() || read.ptr != end || count < least)
         throw std::invalid_argument(std::string(variable) + " is \"" + wish + "\", expected a whole number of "
                                     + std::to_string(least) + " or more");
-    return static_cast<int>(count);
+    return count;
 }
 
 LongRun::LongRun(const std::string& what, int total, Clock::duration interval)
