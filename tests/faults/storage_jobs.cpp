@@ -22,6 +22,12 @@ bool runWorker(int recipe, bool (RecipeSheetThread::*operation)())
     return (worker->*operation)();
 }
 
+StorageJob workerJob(const char* name, int recipe, bool (RecipeSheetThread::*operation)())
+{
+    const auto run = [=](RecipeSheetItems&) { return runWorker(recipe, operation); };
+    return {name, "an add or delete", run, true, true, true};
+}
+
 } // namespace
 
 StorageJob saveJob(int cells, int titles)
@@ -42,22 +48,12 @@ StorageJob saveJob(int cells, int titles)
 
 StorageJob addJob(int recipe)
 {
-    return {"add",
-            "an add or delete",
-            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::add); },
-            true,
-            true,
-            true};
+    return workerJob("add", recipe, &RecipeSheetThread::add);
 }
 
 StorageJob deleteJob(int recipe)
 {
-    return {"delete",
-            "an add or delete",
-            [recipe](RecipeSheetItems&) { return runWorker(recipe, &RecipeSheetThread::del); },
-            true,
-            true,
-            true};
+    return workerJob("delete", recipe, &RecipeSheetThread::del);
 }
 
 StorageJobs::StorageJobs()
